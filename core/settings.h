@@ -1,0 +1,19 @@
+/// Persistent settings: 32-bit numbers by name.
+///
+/// A missing setting is no error: the variable keeps what it had, its default. Commands that change a setting write it
+/// at once, so a crash loses nothing. Main thread.
+#pragma once
+#include <cstdint>
+#include <string_view>
+
+namespace zarn
+{
+/// Writes the setting; a failure is ignored.
+void SaveSetting(int32_t lValue, std::string_view szName);
+
+/// Reads the setting into *plValue. 0 when it was there; the platform's error otherwise, and *plValue is left alone.
+int32_t LoadSetting(int32_t* plValue, std::string_view szName);
+
+/// The same for an option that is on or off.
+int32_t LoadSetting(bool* pbValue, std::string_view szName);
+} // namespace zarn

@@ -1,0 +1,39 @@
+/// Files, with safe replacement.
+///
+/// A file made by _lcreat is written beside its target and put in its place by _lclose, after it has reached the disk:
+/// either the old or the new content is there, whole, whenever the power goes. If a write failed, closing keeps the old
+/// file. Paths are UTF-8. Main thread.
+#pragma once
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace zarn
+{
+class File;
+using HFILE = File*; ///< null is HFILE_ERROR
+
+constexpr int32_t FILE_BEGIN = 0;
+constexpr int32_t FILE_CURRENT = 1;
+constexpr int32_t FILE_END = 2;
+
+[[nodiscard]] HFILE _lopen(std::string_view szPath); ///< to read; null when there is no such file, or it is a directory
+[[nodiscard]] HFILE _lcreat(std::string_view szPath); ///< to write
+/// Up to cb bytes; gives how many came, 0 at the end, -1 on failure or for a negative cb. Reads are buffered.
+int32_t _lread(HFILE hFile, void* pBytes, int32_t cb);
+/// Gives how many went out; -1 on failure or for a negative cb. Writes are buffered, so the disk may fail later.
+int32_t _lwrite(HFILE hFile, void const* pBytes, int32_t cb);
+int32_t _llseek(HFILE hFile, int32_t lOffset, int32_t lFrom); ///< the new place, or -1
+/// false when the file made by _lcreat could not be put in place; the old one is whole then. The handle is gone.
+bool _lclose(HFILE hFile);
+bool DeleteFileA(std::string_view szPath);
+bool MoveFileA(std::string_view szFrom, std::string_view szTo); ///< false when the target is there
+[[nodiscard]] std::string GetTempFileNameA(std::string_view szDirectory, std::string_view szPrefix);
+
+/// A file that is read from bytes in memory, for tests and fuzzers; the bytes must outlive it.
+[[nodiscard]] HFILE File_FromBytes(std::string_view sBytes);
+/// A file that is written into a string, for tests; the string must outlive it.
+[[nodiscard]] HFILE File_IntoString(std::string* psBytes);
+/// How many more bytes the disk takes; -1 for no limit. Tests only.
+inline int64_t cbDiskLeft = -1;
+} // namespace zarn

@@ -1,0 +1,35 @@
+/// The host: who stands behind the platform's operations. Chosen once, in app/main.cpp, or by a test.
+#pragma once
+#include "platform/commdlg.h"
+#include "platform/gdi.h"
+#include "platform/registry.h"
+#include "platform/user.h"
+
+#include <memory>
+
+namespace zarn
+{
+/// Windows, boxes and dialogs.
+class UserHost
+{
+public:
+    virtual ~UserHost() = default;
+    virtual int32_t MessageBox(std::string_view sText, std::string_view sCaption, uint32_t lFlags) = 0;
+    virtual int32_t RunForm(Form& form) = 0;
+    virtual HWND CreateMainWindow(std::string_view sTitle, Painter* pPainter) = 0;
+    virtual bool ShowHelp(std::string_view sFile) = 0;
+    virtual bool AskOpenName(FileDialog& dialog) = 0;
+    virtual bool AskSaveName(FileDialog& dialog) = 0;
+    virtual bool StartEditor(std::string_view sPath) = 0;
+    virtual void Quit(int32_t lCode) = 0;
+    virtual uint32_t TickCount() = 0;
+};
+
+struct Host
+{
+    UserHost* pUser = nullptr;
+    SettingsStore* pSettings = nullptr;
+    Door* pDoor = nullptr; ///< where the host hands in what comes from outside
+};
+inline Host host;
+} // namespace zarn

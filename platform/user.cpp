@@ -1,0 +1,131 @@
+// Windows and boxes: forwards to the host, and does nothing where there is none.
+#include "platform/user.h"
+
+#include "platform/commdlg.h"
+#include "platform/host.h"
+#include "platform/process.h"
+
+namespace zarn
+{
+FormControl* Form::Find(int32_t lControl)
+{
+    for (FormControl& control : aControls)
+        if (control.lId == lControl)
+            return &control;
+    return nullptr;
+}
+
+int32_t MessageBoxA(HWND, std::string_view sText, std::string_view sCaption, uint32_t lFlags)
+{
+    return host.pUser ? host.pUser->MessageBox(sText, sCaption, lFlags) : IDOK;
+}
+
+int32_t DialogBoxParamA(HWND, Form& form) { return host.pUser ? host.pUser->RunForm(form) : 0; }
+
+HWND CreateWindowExA(std::string_view sTitle, Painter* pPainter)
+{
+    return host.pUser ? host.pUser->CreateMainWindow(sTitle, pPainter) : nullptr;
+}
+
+void DestroyWindow(HWND hwnd)
+{
+    if (hwnd)
+        hwnd->Destroy();
+}
+
+void SetWindowTextA(HWND hwnd, std::string_view sText)
+{
+    if (hwnd)
+        hwnd->SetTitle(sText);
+}
+
+RECT GetClientRect(HWND hwnd)
+{
+    SIZE const size = hwnd ? hwnd->ClientSize() : SIZE{};
+    return {0, 0, size.cx, size.cy};
+}
+
+void InvalidateRect(HWND hwnd)
+{
+    if (hwnd)
+        hwnd->Invalidate();
+}
+
+void UpdateWindow(HWND hwnd)
+{
+    if (hwnd)
+        hwnd->Update();
+}
+
+HDC GetDC(HWND hwnd) { return hwnd ? hwnd->BeginDraw() : nullptr; }
+
+void ReleaseDC(HWND hwnd, HDC hdc)
+{
+    if (hwnd)
+        hwnd->EndDraw(hdc);
+}
+
+void SetScrollInfo(HWND hwnd, int32_t lRange, int32_t lPlace)
+{
+    if (hwnd)
+        hwnd->SetScroll(lRange, lPlace);
+}
+
+void SetCursorPos(HWND hwnd, POINT place)
+{
+    if (hwnd)
+        hwnd->SetPointer(place);
+}
+
+POINT GetCursorPos(HWND hwnd) { return hwnd ? hwnd->Pointer() : POINT{}; }
+
+void SetWaitCursor(HWND hwnd, bool bOn)
+{
+    if (hwnd)
+        hwnd->SetWaitPointer(bOn);
+}
+
+void SetMenu(HWND hwnd, std::vector<MenuItem> const& aMenu)
+{
+    if (hwnd)
+        hwnd->SetMenu(aMenu);
+}
+
+void CheckMenuItem(HWND hwnd, int32_t lCommand, bool bOn)
+{
+    if (hwnd)
+        hwnd->CheckItem(lCommand, bOn);
+}
+
+void EnableMenuItem(HWND hwnd, int32_t lCommand, bool bOn)
+{
+    if (hwnd)
+        hwnd->EnableItem(lCommand, bOn);
+}
+
+void SetMenuItemInfoA(HWND hwnd, int32_t lCommand, std::string_view sText)
+{
+    if (hwnd)
+        hwnd->SetItemText(lCommand, sText);
+}
+
+bool WinHelpA(HWND, std::string_view sFile) { return host.pUser && host.pUser->ShowHelp(sFile); }
+
+void PostQuitMessage(int32_t lCode)
+{
+    if (host.pUser)
+        host.pUser->Quit(lCode);
+}
+
+bool GetOpenFileNameA(HWND, FileDialog& dialog) { return host.pUser && host.pUser->AskOpenName(dialog); }
+
+bool GetSaveFileNameA(HWND, FileDialog& dialog) { return host.pUser && host.pUser->AskSaveName(dialog); }
+
+uint32_t GetTickCount() { return host.pUser ? host.pUser->TickCount() : 0; }
+
+bool CreateProcessA(std::string_view sCommandLine)
+{
+    size_t const lBlank = sCommandLine.find(' ');
+    return host.pUser && lBlank != sCommandLine.npos && host.pUser->StartEditor(sCommandLine.substr(lBlank + 1));
+}
+} // namespace zarn

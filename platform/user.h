@@ -1,0 +1,127 @@
+/// Windows, menus, boxes, pointer and scroll bar, under their platform names. Main thread.
+#pragma once
+#include "platform/event.h"
+#include "platform/gdi.h"
+#include "platform/types.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zarn
+{
+constexpr uint32_t MB_OK = 0;
+constexpr uint32_t MB_OKCANCEL = 1;
+constexpr uint32_t MB_YESNOCANCEL = 3;
+constexpr uint32_t MB_YESNO = 4;
+constexpr uint32_t MB_ICONSTOP = 0x10;
+constexpr uint32_t MB_ICONQUESTION = 0x20;
+constexpr uint32_t MB_ICONINFORMATION = 0x40;
+constexpr uint32_t MB_DEFBUTTON2 = 0x100;
+constexpr uint32_t MB_BUTTONS = 0xF; ///< the bits that choose the buttons
+
+constexpr int32_t IDOK = 1;
+constexpr int32_t IDCANCEL = 2;
+constexpr int32_t IDYES = 6;
+constexpr int32_t IDNO = 7;
+
+/// One entry of a menu: a command, a submenu, or a separator. Menus are data; the host turns them into real ones.
+struct MenuItem
+{
+    int32_t lCommand = 0;         ///< 0 for a submenu or a separator
+    char const* sLabel = nullptr; ///< "&" ahead of the mnemonic, tab ahead of the key; null for a separator
+    bool bGrey = false;           ///< at start
+    std::vector<MenuItem> aItems; ///< of a submenu
+};
+
+/// A control of a dialog; the value is a text, a row from 0, or 1 and 0.
+struct FormControl
+{
+    enum Kind
+    {
+        STATIC,
+        EDIT,
+        MULTILINE,
+        BUTTON,
+        DEFAULT_BUTTON,
+        COMBO,
+        CHECK,
+        LIST
+    } kind = STATIC;
+    int32_t lId = 0; ///< a button's is what the dialog ends with
+    std::string sLabel;
+    std::string sText = {}; ///< EDIT and MULTILINE: in and out
+    int32_t lValue = 0;     ///< COMBO and LIST: the row, -1 for none; CHECK: 1 or 0
+    std::vector<std::string> aRows = {};
+    int32_t lLimit = 0; ///< EDIT and MULTILINE: bytes that it takes; 0 for no limit
+};
+
+/// A modal dialog. What answers it in a journal is told by sAnswer: "box", "text", "number", "row" or "form".
+struct Form
+{
+    int32_t lId = 0;
+    std::string sTitle;
+    char const* sAnswer = "box";
+    std::vector<FormControl> aControls;
+
+    [[nodiscard]] FormControl* Find(int32_t lControl);
+};
+
+/// A window of the host's. The main window is the one that scrolls and has a menu; panels are its children.
+class Window
+{
+public:
+    virtual ~Window() = default;
+    virtual SIZE ClientSize() = 0;
+    virtual void SetTitle(std::string_view sTitle) = 0;
+    virtual std::string Title() = 0;
+    virtual void Invalidate() = 0; ///< a repaint is owed
+    virtual void Update() = 0;     ///< pays it now
+    virtual HDC BeginDraw() = 0;   ///< the window's surface between paints; hand it back with EndDraw
+    virtual void EndDraw(HDC hdc) = 0;
+    virtual void SetScroll(int32_t lRange, int32_t lPlace) = 0; ///< vertical, from 0 to lRange
+    virtual void SetPointer(POINT place) = 0;
+    virtual POINT Pointer() = 0;
+    virtual void SetWaitPointer(bool bOn) = 0;
+    virtual void SetMenu(std::vector<MenuItem> const& aMenu) = 0;
+    virtual void CheckItem(int32_t lCommand, bool bOn) = 0;
+    virtual void EnableItem(int32_t lCommand, bool bOn) = 0;
+    virtual void SetItemText(int32_t lCommand, std::string_view sText) = 0;
+    virtual void Destroy() = 0;
+};
+using HWND = Window*;
+
+/// Who paints a window when its host finds that a repaint is owed.
+class Painter
+{
+public:
+    virtual ~Painter() = default;
+    virtual void Paint(HWND hwnd, HDC hdc) = 0;
+};
+
+int32_t MessageBoxA(HWND hwnd, std::string_view sText, std::string_view sCaption, uint32_t lFlags);
+/// Runs the dialog; gives the id of the button that ended it, IDCANCEL when it was closed; 0 when it can't be made.
+[[nodiscard]] int32_t DialogBoxParamA(HWND hwnd, Form& form);
+/// The main window, shown maximised; null when there can be none.
+[[nodiscard]] HWND CreateWindowExA(std::string_view sTitle, Painter* pPainter);
+void DestroyWindow(HWND hwnd);
+void SetWindowTextA(HWND hwnd, std::string_view sText);
+[[nodiscard]] RECT GetClientRect(HWND hwnd);
+void InvalidateRect(HWND hwnd);
+void UpdateWindow(HWND hwnd);
+[[nodiscard]] HDC GetDC(HWND hwnd);
+void ReleaseDC(HWND hwnd, HDC hdc);
+void SetScrollInfo(HWND hwnd, int32_t lRange, int32_t lPlace); ///< vertical bar, 0 to lRange, standing at lPlace
+void SetCursorPos(HWND hwnd, POINT place);
+[[nodiscard]] POINT GetCursorPos(HWND hwnd);
+void SetWaitCursor(HWND hwnd, bool bOn);
+void SetMenu(HWND hwnd, std::vector<MenuItem> const& aMenu);
+void CheckMenuItem(HWND hwnd, int32_t lCommand, bool bOn);
+void EnableMenuItem(HWND hwnd, int32_t lCommand, bool bOn);
+void SetMenuItemInfoA(HWND hwnd, int32_t lCommand, std::string_view sText);
+/// Opens the manual; false when it can't be found.
+[[nodiscard]] bool WinHelpA(HWND hwnd, std::string_view sFile);
+/// Ends the message loop.
+void PostQuitMessage(int32_t lCode);
+} // namespace zarn
