@@ -1,0 +1,46 @@
+#!/bin/sh
+# Installs what is missing, builds Zarn and runs its tests.
+#   ./test.sh             the release build and all tests but the long ones
+#   ./test.sh --sanitize  the same tests under the address and undefined sanitizers, then under the thread sanitizer
+#   ./test.sh --fuzz S    each fuzz target for S seconds (needs clang)
+# Warnings are errors in all of them.
+set -e
+top=$(cd "$(dirname "$0")" && pwd)
+. "$top/packaging/packages.sh"
+export LC_ALL=C.UTF-8
+jobs=$(nproc 2>/dev/null || echo 2)
+
+# Configures and builds a preset, then runs its tests.
+check()
+{
+    cmake -S "$top" --preset "$1" -DZARN_WERROR=ON
+    cmake --build "$top/build/$1" -j "$jobs"
+    (cd "$top/build/$1" && ctest --output-on-failure -j "$jobs" --no-tests=error)
+}
+
+case "${1:-}" in
+"")
+    install_missing $packages_run $packages_test
+    check release
+    ;;
+--sanitize)
+    install_missing $packages_run $packages_test
+    check asan-ubsan
+    check tsan
+    ;;
+--fuzz)
+    install_missing $packages_run clang libclang-rt-14-dev
+    cmake -S "$top" --preset fuzz
+    cmake --build "$top/build/fuzz" -j "$jobs"
+    for target in "$top"/build/fuzz/zarn_fuzz_*; do
+        name=${target##*zarn_fuzz_}
+        work="$top/build/fuzz/work-$name"
+        mkdir -p "$work"
+        (cd "$work" && "$target" -max_total_time="${2:-60}" -rss_limit_mb=2048 -timeout=20 . "$top/fuzz/corpus/$name")
+    done
+    ;;
+*)
+    echo "usage: $0 [--sanitize | --fuzz SECONDS]" >&2
+    exit 2
+    ;;
+esac
