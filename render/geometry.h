@@ -5,6 +5,7 @@
 /// in force. All divisions truncate; positions are computed in 64 bits and held in the range of 32.
 #pragma once
 #include "core/score.h"
+#include "platform/gdi.h"
 #include "platform/types.h"
 
 #include <cstdint>
@@ -45,6 +46,13 @@ inline bool bPrintScale = false;    ///< strokes are doubled
 inline bool bNoClip = false;        ///< draw whatever the position
 inline bool bDrawingCursor = false; ///< the target is the cursor bitmap
 
+/// The pens of the score, in the thickness of a stem; SetUnits renews them. Null until it has run.
+inline HPEN hpenBlack = nullptr;
+inline HPEN hpenRed = nullptr;
+inline HPEN hpenBlue = nullptr;
+inline HPEN hpenGreen = nullptr;
+inline HPEN hpenStock = nullptr; ///< the platform's own black hair line
+
 /// Rows of a system: its staff bands, their tablature, and the gap to the next.
 [[nodiscard]] int32_t SystemHeight();
 
@@ -67,8 +75,8 @@ void GetUnits(int32_t* pxunit, int32_t* pyunit);
 
 [[nodiscard]] int32_t LineStart(int32_t lStrX); ///< the first column of lStrX's line
 [[nodiscard]] int32_t NextLine(int32_t lStrX);  ///< the first column of the next line
-[[nodiscard]] int32_t
-LineOfColumn(int32_t lStrX); ///< line from 1 for ruling; a line's first column counts to the one before
+/// Line from 1 for ruling; a line's first column counts to the one before.
+[[nodiscard]] int32_t LineOfColumn(int32_t lStrX);
 
 /// From grid to device pixels. A bad clef shows a message and leaves the pitch out.
 void Draw_Fold(int32_t lStrX, int32_t lDiaPitch, int32_t lStaff, int32_t lClef, int32_t* plX, int32_t* plY);
