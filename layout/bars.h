@@ -6,6 +6,9 @@ namespace zarn
 {
 constexpr int32_t lDefaultBarLength = 192; ///< ticks: 4/4 until a time signature says otherwise
 
+/// Ticks of a bar under a time signature; lInForce when its denominator is 0 or it gives nothing above 0.
+[[nodiscard]] int32_t BarLength(Element const* pelTimeSig, int32_t lInForce);
+
 /// Strips automatic bars and repeated signs from one staff, from pelFirst to the end.
 void RemoveBars(Element* pelFirst, int32_t lBarLength);
 /// Adds bars to one staff, from pelFirst to the end.

@@ -1,0 +1,11 @@
+/// Right-justified mode: each line of music but the last is stretched over the page as it is drawn.
+#pragma once
+#include "core/score.h"
+
+namespace zarn
+{
+inline bool bRightJustified = false; ///< option; edits are refused in this mode
+
+/// Rewrites lX and lY of a staff's elements for drawing; lStrX stays. ReGrid puts them back.
+void RightJustifyStaff(List list);
+} // namespace zarn
