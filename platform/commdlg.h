@@ -25,5 +25,6 @@ struct FileDialog
 };
 
 [[nodiscard]] bool GetOpenFileNameA(HWND hwnd, FileDialog& dialog); ///< false when the user cancelled
+/// The same; a name that comes back without an extension gets the default one.
 [[nodiscard]] bool GetSaveFileNameA(HWND hwnd, FileDialog& dialog);
 } // namespace zarn

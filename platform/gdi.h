@@ -74,11 +74,13 @@ struct TextStyle
 {
     double emPixels = 0; ///< height of the em
     double stretch = 1;  ///< horizontal, 1 is the face's own width
-    bool bBold = true;
+    bool bBold = false;
     COLORREF color = 0;
 };
 
-/// What a host draws on. Boxes come normalised (left below right, top below bottom) and never empty.
+/// What a host draws on. Boxes come normalised (left below right, top below bottom) and never empty; with a null pen
+/// the box is what the brush fills, to the last pixel. A line is never a single point, and its pen never null. A
+/// polygon has two points or more. At least one of a shape's pen and brush draws.
 class Surface
 {
 public:
@@ -88,7 +90,7 @@ public:
     virtual void Box(RECT box, Pen const& pen, Brush const& brush) = 0;
     virtual void Ellipse(RECT box, Pen const& pen, Brush const& brush) = 0;
     virtual void Polygon(std::span<POINT const> points, Pen const& pen, Brush const& brush) = 0;
-    /// Left end of the baseline; sText is valid UTF-8.
+    /// Left end of the baseline; sText is valid UTF-8 without control characters, and not empty.
     virtual void Text(double x, double baseline, std::string_view sText, TextStyle const& style) = 0;
     /// Fills the box with no outline.
     virtual void Fill(RECT box, COLORREF color) = 0;
@@ -110,12 +112,12 @@ struct DeviceContext
 };
 using HDC = DeviceContext*;
 
-[[nodiscard]] HGDIOBJ GetStockObject(int32_t lIndex); ///< one of the indexes above
+[[nodiscard]] HGDIOBJ GetStockObject(int32_t lIndex); ///< one of the five indexes above; otherwise null
 [[nodiscard]] HPEN CreatePen(int32_t lStyle, int32_t lWidth, COLORREF color);
 [[nodiscard]] HBRUSH CreateSolidBrush(COLORREF color);
 [[nodiscard]] HFONT CreateFontA(int32_t lHeight, int32_t lWidth, int32_t lWeight);
 void DeleteObject(HGDIOBJ hObject);             ///< null and stock objects are passed over
-HGDIOBJ SelectObject(HDC hdc, HGDIOBJ hObject); ///< gives what it replaces
+HGDIOBJ SelectObject(HDC hdc, HGDIOBJ hObject); ///< gives what it replaces; null changes nothing
 
 bool MoveToEx(HDC hdc, int32_t x, int32_t y);
 bool LineTo(HDC hdc, int32_t x, int32_t y);
@@ -136,4 +138,6 @@ bool GetTextExtentPoint32A(HDC hdc, std::string_view sText, SIZE* pSize);
 
 /// GDI objects made and not deleted, for tests.
 inline int32_t cGdiObjects = 0;
+/// How many more can be made before one fails; -1 never fails. Tests only.
+inline int32_t cGdiObjectsLeft = -1;
 } // namespace zarn

@@ -119,7 +119,19 @@ void PostQuitMessage(int32_t lCode)
 
 bool GetOpenFileNameA(HWND, FileDialog& dialog) { return host.pUser && host.pUser->AskOpenName(dialog); }
 
-bool GetSaveFileNameA(HWND, FileDialog& dialog) { return host.pUser && host.pUser->AskSaveName(dialog); }
+bool GetSaveFileNameA(HWND, FileDialog& dialog)
+{
+    if (!host.pUser || !host.pUser->AskSaveName(dialog))
+        return false;
+    size_t const lName = dialog.szFile.find_last_of("/\\") + 1; // 0 when there is no folder
+    if (dialog.szFile.find('.', lName) == dialog.szFile.npos && dialog.sDefaultExtension[0] != '\0')
+    {
+        if (dialog.sDefaultExtension[0] != '.')
+            dialog.szFile += '.';
+        dialog.szFile += dialog.sDefaultExtension;
+    }
+    return true;
+}
 
 uint32_t GetTickCount() { return host.pUser ? host.pUser->TickCount() : 0; }
 

@@ -54,7 +54,8 @@ struct FormControl
     std::string sText = {}; ///< EDIT and MULTILINE: in and out
     int32_t lValue = 0;     ///< COMBO and LIST: the row, -1 for none; CHECK: 1 or 0
     std::vector<std::string> aRows = {};
-    int32_t lLimit = 0; ///< EDIT and MULTILINE: bytes that it takes; 0 for no limit
+    int32_t lLimit = 0;     ///< EDIT and MULTILINE: bytes that it takes; 0 for no limit
+    std::string sName = {}; ///< what an answer calls it in a dialog of several fields; empty for none
 };
 
 /// A modal dialog. What answers it in a journal is told by sAnswer: "box", "text", "number", "row" or "form".

@@ -3,58 +3,108 @@
 
 namespace zarn
 {
-namespace
-{
-struct BoxAnswer
-{
-    Answer::Kind kind;
-    int32_t lId;
-    char const* sName;
-};
-constexpr BoxAnswer aBoxAnswers[] = {{Answer::YES, IDYES, "yes"},
-                                     {Answer::NO, IDNO, "no"},
-                                     {Answer::CANCEL, IDCANCEL, "cancel"},
-                                     {Answer::OK, IDOK, "ok"}};
-
-bool BoxHas(uint32_t lButtons, int32_t lId)
-{
-    switch (lButtons)
-    {
-    case MB_YESNOCANCEL:
-        return lId == IDYES || lId == IDNO || lId == IDCANCEL;
-    case MB_YESNO:
-        return lId == IDYES || lId == IDNO;
-    case MB_OKCANCEL:
-        return lId == IDOK || lId == IDCANCEL;
-    default:
-        return lId == IDOK;
-    }
-}
-} // namespace
-
 int32_t ScriptHost::MessageBox(std::string_view sText, std::string_view sCaption, uint32_t lFlags)
 {
     uint32_t const lButtons = lFlags & MB_BUTTONS;
-    Shown box{std::string(sText), std::string(sCaption), lFlags, {}};
+    Shown box{std::string(sText), std::string(sCaption), lFlags};
     int32_t lId = IDOK;
     if (lButtons != MB_OK)
     {
-        lId = lButtons == MB_YESNO ? IDNO : IDCANCEL;
-        for (BoxAnswer const& known : aBoxAnswers)
-            if (!answers.empty() && answers.front().kind == known.kind && BoxHas(lButtons, known.lId))
-            {
-                lId = known.lId;
-                answers.pop_front();
-                break;
-            }
-        for (BoxAnswer const& known : aBoxAnswers)
-            if (known.lId == lId)
-                box.sAnswer = known.sName;
+        lId = answers.empty() ? 0 : Box_Take(lFlags, answers.front());
+        if (lId != 0)
+            answers.pop_front();
+        else
+            lId = lButtons == MB_YESNO ? IDNO : IDCANCEL;
+        box.bQuestion = true;
+        box.sAnswer = Answer_Format(Box_Answer(lId));
     }
-    shown.push_back(box);
+    Show(std::move(box));
+    return lId;
+}
+
+int32_t ScriptHost::RunForm(Form& form)
+{
+    if (!bFormsWork)
+        return 0;
+    Shown box{form.sTitle, form.sTitle, 0, true};
+    for (FormControl const& control : form.aControls)
+        if (control.kind == FormControl::STATIC && std::string_view(form.sAnswer) == "box")
+        {
+            box.sText = control.sLabel;
+            break;
+        }
+    int32_t lButton = answers.empty() ? 0 : Form_Take(form, answers.front());
+    if (lButton != 0)
+        answers.pop_front();
+    else
+        lButton = IDCANCEL;
+    box.sAnswer = Answer_Format(Form_Answer(form, lButton));
+    Show(std::move(box));
+    return lButton;
+}
+
+HWND ScriptHost::CreateMainWindow(std::string_view sTitle, Painter* pPainter)
+{
+    if (!bWindowWorks)
+        return nullptr;
+    pWindow = std::make_unique<HeadlessWindow>(sTitle, pPainter);
+    return pWindow.get();
+}
+
+bool ScriptHost::ShowHelp(std::string_view sFile)
+{
+    aHelped.emplace_back(sFile);
+    return bHelpWorks;
+}
+
+bool ScriptHost::AskOpenName(FileDialog& dialog) { return AskName(dialog); }
+
+bool ScriptHost::AskSaveName(FileDialog& dialog) { return AskName(dialog); }
+
+bool ScriptHost::AskName(FileDialog& dialog)
+{
+    Shown box{dialog.sTitle, dialog.sTitle, 0, true, "cancel"};
+    bool const bType = answers.size() > 1 && answers[0].kind == Answer::ROW && answers[0].lNumber >= 0 &&
+                       answers[0].lNumber < static_cast<int32_t>(dialog.aFilters.size());
+    size_t const lName = bType ? 1 : 0;
+    bool const bName = answers.size() > lName && answers[lName].kind == Answer::TEXT;
+    bool const bAsOffered = !answers.empty() && answers[0].kind == Answer::OK && !dialog.szFile.empty();
+    if (bName)
+    {
+        if (bType)
+            dialog.lFilter = answers[0].lNumber + 1;
+        dialog.szFile = answers[lName].sText;
+        box.sAnswer = Answer_Format(answers[lName]);
+        answers.erase(answers.begin(), answers.begin() + static_cast<std::ptrdiff_t>(lName) + 1);
+    }
+    else if (bAsOffered)
+    {
+        box.sAnswer = "ok";
+        answers.pop_front();
+    }
+    else if (!answers.empty() && answers[0].kind == Answer::CANCEL)
+        answers.pop_front();
+    Show(std::move(box));
+    return bName || bAsOffered;
+}
+
+bool ScriptHost::StartEditor(std::string_view sPath)
+{
+    aEdited.emplace_back(sPath);
+    return bEditorWorks;
+}
+
+void ScriptHost::Quit(int32_t lCode)
+{
+    bQuit = true;
+    lQuitCode = lCode;
+}
+
+void ScriptHost::Show(Shown box)
+{
+    shown.push_back(std::move(box));
     if (pOnShown)
         pOnShown(shown.back());
-    return lId;
 }
 
 std::vector<std::string> ScriptHost::Messages() const

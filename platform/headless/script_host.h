@@ -1,45 +1,30 @@
 /// The host without a window: a script of answers, and a log of what was shown.
 #pragma once
+#include "platform/answer.h"
+#include "platform/headless/headless_window.h"
 #include "platform/host.h"
 
 #include <deque>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace zarn
 {
-/// One answer that waits for its question.
-struct Answer
-{
-    enum Kind
-    {
-        YES,
-        NO,
-        CANCEL,
-        OK,
-        FIRST,
-        SECOND,
-        TEXT,
-        NUMBER,
-        ROW,
-        FORM
-    } kind = OK;
-    std::string sText;   ///< TEXT: the text; FORM: NAME=VALUE ... and ok or cancel
-    int32_t lNumber = 0; ///< NUMBER and ROW
-};
-
 /// What the host was asked to show.
 struct Shown
 {
-    std::string sText;
+    std::string sText; ///< of a message box; of a dialog its first static text when it asks a question, else its title
     std::string sCaption;
-    uint32_t lFlags = 0; ///< of a message box
-    std::string sAnswer; ///< what came back; empty for a plain message
+    uint32_t lFlags = 0;      ///< of a message box
+    bool bQuestion = false;   ///< more than one answer was possible
+    std::string sAnswer = {}; ///< what came back, in the words of Answer_Format; empty for a plain message
 };
 
-/// Answers wait in line: a question takes the first one when its kind fits, and otherwise gets its safe answer: Cancel,
-/// or No where there is no Cancel. Settings live in a map; the clock stands still until someone moves it.
+/// Answers wait in line: a question takes the first one when it fits, and otherwise gets its safe answer: Cancel, or No
+/// where there is no Cancel. A plain message takes none. A file dialog takes `text PATH`, with `row N` ahead of it for
+/// the file type (from 0). The clock stands still until someone moves it.
 class ScriptHost : public UserHost
 {
 public:
@@ -54,34 +39,25 @@ public:
     uint32_t TickCount() override { return lNowMs; }
 
     std::deque<Answer> answers;
-    std::vector<Shown> shown;         ///< messages and questions, in order
-    std::vector<std::string> aEdited; ///< files that the text editor was started on
-    std::vector<std::string> aHelped; ///< help files that were asked for
+    std::vector<Shown> shown;                ///< messages and questions, in order
+    std::vector<std::string> aEdited;        ///< files that the text editor was started on
+    std::vector<std::string> aHelped;        ///< help files that were asked for
+    std::unique_ptr<HeadlessWindow> pWindow; ///< null until the program makes it
     bool bQuit = false;
     int32_t lQuitCode = 0;
+    bool bFormsWork = true; ///< false: a dialog can't be made
     bool bHelpWorks = true;
+    bool bEditorWorks = true;
+    bool bWindowWorks = true;
     uint32_t lNowMs = 0;
     /// Called with each message and question as it is shown; for a command line that tells its user.
-    void (*pOnShown)(Shown const& shown) = nullptr;
+    std::function<void(Shown const&)> pOnShown;
 
     /// The texts of `shown`, for tests.
     [[nodiscard]] std::vector<std::string> Messages() const;
-};
-
-/// Makes a ScriptHost with a map of settings the host of the process for as long as it lives, with empty staff lists;
-/// what a test of the music needs.
-class ScriptedProcess
-{
-public:
-    ScriptedProcess();
-    ~ScriptedProcess();
-    ScriptedProcess(ScriptedProcess const&) = delete;
-    ScriptedProcess& operator=(ScriptedProcess const&) = delete;
-
-    ScriptHost user;
-    MapStore settings;
 
 private:
-    Host previous;
+    void Show(Shown box);
+    bool AskName(FileDialog& dialog);
 };
 } // namespace zarn

@@ -1,0 +1,82 @@
+// The unseen window.
+#include "platform/headless/headless_window.h"
+
+#include <memory>
+
+namespace zarn
+{
+void HeadlessWindow::Update()
+{
+    if (!bRepaintOwed || bDestroyed)
+        return;
+    bRepaintOwed = false; // a painter may well invalidate again
+    ++cPaints;
+    if (!pPainter)
+        return;
+    HDC const hdc = BeginDraw();
+    pPainter->Paint(this, hdc);
+    EndDraw(hdc);
+}
+
+HDC HeadlessWindow::BeginDraw()
+{
+    ++cDrawsOpen;
+    auto pContext = std::make_unique<DeviceContext>();
+    pContext->pSurface = pSurface ? pSurface : &nowhere;
+    return pContext.release();
+}
+
+void HeadlessWindow::EndDraw(HDC hdc)
+{
+    if (!hdc)
+        return;
+    --cDrawsOpen;
+    delete hdc;
+}
+
+void HeadlessWindow::SetScroll(int32_t lRange, int32_t lPlace)
+{
+    lScrollRange = lRange;
+    lScrollPlace = lPlace;
+}
+
+void HeadlessWindow::SetMenu(std::vector<MenuItem> const& aMenu)
+{
+    items.clear();
+    AddItems(aMenu);
+}
+
+void HeadlessWindow::AddItems(std::vector<MenuItem> const& aMenu)
+{
+    for (MenuItem const& item : aMenu)
+    {
+        if (item.lCommand != 0)
+            items[item.lCommand] = {item.sLabel ? item.sLabel : "", false, item.bGrey};
+        AddItems(item.aItems);
+    }
+}
+
+void HeadlessWindow::Resize(SIZE size)
+{
+    nowhere.size = size;
+    bRepaintOwed = true;
+}
+
+bool HeadlessWindow::IsChecked(int32_t lCommand) const
+{
+    auto const found = items.find(lCommand);
+    return found != items.end() && found->second.bChecked;
+}
+
+bool HeadlessWindow::IsGrey(int32_t lCommand) const
+{
+    auto const found = items.find(lCommand);
+    return found != items.end() && found->second.bGrey;
+}
+
+std::string HeadlessWindow::ItemText(int32_t lCommand) const
+{
+    auto const found = items.find(lCommand);
+    return found != items.end() ? found->second.sText : std::string();
+}
+} // namespace zarn

@@ -1,0 +1,79 @@
+/// A main window that nobody sees: it remembers what it was told, and paints on any surface.
+#pragma once
+#include "platform/user.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace zarn
+{
+/// Draws nothing; a size with nothing behind it.
+class NullSurface : public Surface
+{
+public:
+    explicit NullSurface(SIZE size) : size(size) {}
+    SIZE Size() const override { return size; }
+    void Line(POINT, POINT, Pen const&) override {}
+    void Box(RECT, Pen const&, Brush const&) override {}
+    void Ellipse(RECT, Pen const&, Brush const&) override {}
+    void Polygon(std::span<POINT const>, Pen const&, Brush const&) override {}
+    void Text(double, double, std::string_view, TextStyle const&) override {}
+    void Fill(RECT, COLORREF) override {}
+
+    SIZE size;
+};
+
+class HeadlessWindow : public Window
+{
+public:
+    HeadlessWindow(std::string_view sTitle, Painter* pPainter) : sTitle(sTitle), pPainter(pPainter) {}
+
+    SIZE ClientSize() override { return nowhere.size; }
+    void SetTitle(std::string_view sText) override { sTitle = sText; }
+    std::string Title() override { return sTitle; }
+    void Invalidate() override { bRepaintOwed = true; }
+    void Update() override;
+    HDC BeginDraw() override;
+    void EndDraw(HDC hdc) override;
+    void SetScroll(int32_t lRange, int32_t lPlace) override;
+    void SetPointer(POINT place) override { pointer = place; }
+    POINT Pointer() override { return pointer; }
+    void SetWaitPointer(bool bOn) override { bWaitPointer = bOn; }
+    void SetMenu(std::vector<MenuItem> const& aMenu) override;
+    void CheckItem(int32_t lCommand, bool bOn) override { items[lCommand].bChecked = bOn; }
+    void EnableItem(int32_t lCommand, bool bOn) override { items[lCommand].bGrey = !bOn; }
+    void SetItemText(int32_t lCommand, std::string_view sText) override { items[lCommand].sText = sText; }
+    void Destroy() override { bDestroyed = true; }
+
+    void Resize(SIZE size); ///< what a user does to the frame; a repaint is owed
+    [[nodiscard]] bool IsChecked(int32_t lCommand) const;
+    [[nodiscard]] bool IsGrey(int32_t lCommand) const;
+    [[nodiscard]] std::string ItemText(int32_t lCommand) const; ///< empty when there is no such item
+
+    /// Where paints and draws go; null for nowhere. It must outlive the window, or be taken back.
+    Surface* pSurface = nullptr;
+    int32_t cPaints = 0;      ///< times that the window was painted
+    int32_t cDrawsOpen = 0;   ///< surfaces handed out and not yet handed back
+    bool bRepaintOwed = true; ///< a new window owes its first paint
+    bool bWaitPointer = false;
+    bool bDestroyed = false; ///< it stays good as long as its host, and paints no more
+    int32_t lScrollRange = 0;
+    int32_t lScrollPlace = 0;
+
+private:
+    struct Item
+    {
+        std::string sText;
+        bool bChecked = false;
+        bool bGrey = false;
+    };
+    void AddItems(std::vector<MenuItem> const& aMenu);
+
+    std::string sTitle;
+    Painter* pPainter = nullptr;
+    NullSurface nowhere{{1200, 800}};
+    POINT pointer{20, 20};
+    std::map<int32_t, Item> items; ///< by command
+};
+} // namespace zarn
