@@ -27,8 +27,9 @@ std::optional<Answer> Answer_Parse(std::string_view sWords)
 {
     size_t const lBlank = sWords.find(' ');
     std::string_view const sKind = sWords.substr(0, lBlank);
-    bool const bValue = lBlank != sWords.npos;
-    std::string_view const sValue = bValue ? sWords.substr(lBlank + 1) : std::string_view();
+    std::string_view const sValue = lBlank != sWords.npos ? sWords.substr(lBlank + 1) : std::string_view();
+    size_t const lFirst = sValue.find_first_not_of(' ');
+    bool const bValue = lFirst != sValue.npos;
     for (size_t l = 0; l < std::size(aWords); ++l)
     {
         if (sKind != aWords[l])
@@ -42,7 +43,10 @@ std::optional<Answer> Answer_Parse(std::string_view sWords)
             return answer;
         case Answer::NUMBER:
         case Answer::ROW:
-            return ParseDecimal(sValue, answer.lNumber) ? std::optional(answer) : std::nullopt;
+            return bValue && ParseDecimal(sValue.substr(lFirst, sValue.find_last_not_of(' ') + 1 - lFirst),
+                                          answer.lNumber)
+                       ? std::optional(answer)
+                       : std::nullopt;
         default:
             return bValue ? std::nullopt : std::optional(answer);
         }

@@ -45,8 +45,8 @@ struct Event
     bool fShift = false;
     bool fCtrl = false;
     bool fAlt = false;
-    std::string sText; ///< a path, or a key's name: left right up down home end pageup pagedown enter esc space
-                       ///< backspace delete tab 0-9 a-z f1-f12, or one sign
+    std::string sText = {}; ///< a path, or a key's name: left right up down home end pageup pagedown enter esc space
+                            ///< backspace delete tab 0-9 a-z f1-f12, or one sign
     friend bool operator==(Event const&, Event const&) = default;
 };
 

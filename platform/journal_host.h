@@ -1,0 +1,38 @@
+/// A host that keeps a journal: stands between the program and the real one, and writes down events and answers.
+#pragma once
+#include "platform/host.h"
+#include "platform/journal_writer.h"
+
+namespace zarn
+{
+/// Hand it to the real host as its door, and to the program as its host. Both sides must outlive it.
+class JournalHost : public UserHost, public Door
+{
+public:
+    JournalHost(UserHost& real, Door& program, JournalWriter& journal) : real(real), program(program), journal(journal)
+    {
+    }
+
+    void Receive(Event const& event) override;
+
+    int32_t MessageBox(std::string_view sText, std::string_view sCaption, uint32_t lFlags) override;
+    int32_t RunForm(Form& form) override;
+    bool AskOpenName(FileDialog& dialog) override;
+    bool AskSaveName(FileDialog& dialog) override;
+    HWND CreateMainWindow(std::string_view sTitle, Painter* pPainter) override
+    {
+        return real.CreateMainWindow(sTitle, pPainter);
+    }
+    bool ShowHelp(std::string_view sFile) override { return real.ShowHelp(sFile); }
+    bool StartEditor(std::string_view sPath) override { return real.StartEditor(sPath); }
+    void Quit(int32_t lCode) override { real.Quit(lCode); }
+    uint32_t TickCount() override { return real.TickCount(); }
+
+private:
+    bool WriteName(FileDialog const& dialog, int32_t lFilterBefore, bool bGiven);
+
+    UserHost& real;
+    Door& program;
+    JournalWriter& journal;
+};
+} // namespace zarn
