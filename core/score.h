@@ -40,6 +40,7 @@ inline bool bTimesValid = true;  ///< lTime and note lB are right; every edit cl
 inline bool bKeepBarsTogether = true;
 inline bool bBeamQuavers = true;
 inline bool bShowLayout = false;
+inline bool bShowArpeggio = true; ///< the brackets of ARPEGSTART and ARPEGEND are drawn
 inline bool bChordsBelowStaff = true;
 inline bool bAutoLayout = true; ///< run Full Adjust after each edit
 

@@ -29,10 +29,10 @@ constexpr int32_t IDNO = 7;
 /// One entry of a menu: a command, a submenu, or a separator. Menus are data; the host turns them into real ones.
 struct MenuItem
 {
-    int32_t lCommand = 0;         ///< 0 for a submenu or a separator
-    char const* sLabel = nullptr; ///< "&" ahead of the mnemonic, tab ahead of the key; null for a separator
-    bool bGrey = false;           ///< at start
-    std::vector<MenuItem> aItems; ///< of a submenu
+    int32_t lCommand = 0;              ///< 0 for a submenu or a separator
+    char const* sLabel = nullptr;      ///< "&" ahead of the mnemonic, tab ahead of the key; null for a separator
+    bool bGrey = false;                ///< at start
+    std::vector<MenuItem> aItems = {}; ///< of a submenu
 };
 
 /// A control of a dialog; the value is a text, a row from 0, or 1 and 0.

@@ -1,0 +1,29 @@
+/// The names of the files in hand, and what kind a name tells.
+#pragma once
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace zarn
+{
+/// The numbers are those of the save dialog's filters.
+enum class FileType : int32_t
+{
+    UNKNOWN = 0,
+    NATIVE = 1,
+    ABC = 2,
+    MIDI_EXCHANGE = 3,
+    MIDI_PERFORMANCE = 4,
+    ASCII_TAB = 5,
+};
+
+inline std::string szFileName; ///< the file that Save writes; empty for a new tune. Written by open, new and save.
+inline std::string szAbcFile;  ///< the ABC file that the score was read from; empty when none
+
+/// By the extension, upper or lower case: .zrn, .abc, .mid, .txt and .tab.
+[[nodiscard]] FileType FileTypeOf(std::string_view szName);
+/// "songs/tune.abc" gives "tune.abc".
+[[nodiscard]] std::string ShortName(std::string_view szName);
+/// The extension with its dot as it is written; empty when there is none.
+[[nodiscard]] std::string Extension(std::string_view szName);
+} // namespace zarn

@@ -1,0 +1,141 @@
+// The reading road of a named file: score file first, then ABC.
+#include "shell/load.h"
+
+#include "abc/abc_index.h"
+#include "abc/abc_reader.h"
+#include "core/messages.h"
+#include "core/text.h"
+#include "edit/new_score.h"
+#include "file/native.h"
+#include "layout/adjust.h"
+#include "layout/place.h"
+#include "render/geometry.h"
+#include "shell/file_names.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace zarn
+{
+namespace
+{
+/// How many elements the staffs hold.
+int64_t ElementCount()
+{
+    int64_t cElements = 0;
+    for (List const list : aStaffList)
+        cElements += List_Card(list);
+    return cElements;
+}
+
+/// The tune of that X: number, read without asking; false when the file hasn't got it.
+bool ReadTune(HFILE hFile, std::string const& szName, int32_t lTune)
+{
+    std::vector<AbcTuneRow> const aRows = Abc_ListTunes(hFile);
+    auto const itTune =
+        lTune == lFirstTune
+            ? aRows.begin()
+            : std::find_if(aRows.begin(), aRows.end(), [lTune](AbcTuneRow const& row) { return row.lNumber == lTune; });
+    if (itTune == aRows.end())
+        return false;
+    if (ElementCount() != 0)
+        Score_New(); // what a damaged score file left
+    szAbcTune = szName;
+    SetAbcNames(szName, ReadAbcNumbered(hFile, itTune->lNumber, &szAbcTune));
+    MiniAdjust();
+    return true;
+}
+
+LoadResult ReadOpened(HFILE hFile, std::string const& szName, int32_t lTune, std::string* psTitle)
+{
+    if (ReadNative(hFile))
+    {
+        SetNativeNames(szName);
+        *psTitle = szName;
+        return LoadResult::LOADED;
+    }
+    *psTitle = Format("Error reading <%s>", szName.c_str());
+    if (FileTypeOf(szName) != FileType::ABC && !AskYesNo("File is not a ZRN file - try to open as ABC?", 1))
+        return LoadResult::NOT_READ;
+    _llseek(hFile, 0, FILE_BEGIN);
+    if (!ReadTune(hFile, szName, lTune))
+        return LoadResult::NOT_READ;
+    *psTitle = AbcTitle(szName);
+    return LoadResult::LOADED;
+}
+} // namespace
+
+bool ReadNative(HFILE hFile)
+{
+    int64_t const cBefore = ElementCount();
+    int32_t const lOldScroll = lScroll;
+    lScroll = 0; // the reader folds each element on its way, so the view must stand at the top by then
+    if (Native_Read(hFile, 1))
+        return true;
+    if (ElementCount() == cBefore)
+        lScroll = lOldScroll;
+    else
+        szFileName.clear(); // half a piece must not be saved over the whole one
+    ReGrid();
+    return false;
+}
+
+void SetNativeNames(std::string const& szName)
+{
+    szFileName = szName;
+    szAbcFile.clear();
+    szAbcTune.clear();
+    lTuneNumber = -1;
+    fAbcTuneOpen = false;
+}
+
+void SetAbcNames(std::string const& szName, int32_t lNumber)
+{
+    szFileName = szName;
+    szAbcFile = szName;
+    lTuneNumber = lNumber;
+    fAbcTuneOpen = !szAbcTune.empty() && lTuneNumber >= 0;
+}
+
+std::string AbcTitle(std::string const& szName)
+{
+    return Format("%s (from file '%s')", szAbcTune.c_str(), szName.c_str());
+}
+
+LoadResult LoadNamed(std::string const& szName, int32_t lTune, std::string* psTitle)
+{
+    LoadResult result = LoadResult::NOT_OPENED;
+    if (HFILE const hFile = _lopen(szName))
+    {
+        result = ReadOpened(hFile, szName, lTune, psTitle);
+        _lclose(hFile);
+    }
+    else
+        *psTitle = Format("Error opening <%s>", szName.c_str());
+    bScoreDirty = false;
+    return result;
+}
+
+bool LoadForExport(std::string const& szName, int32_t lTune, std::string* psError)
+{
+    Score_New();
+    std::string sTitle;
+    switch (LoadNamed(szName, lTune, &sTitle))
+    {
+    case LoadResult::LOADED:
+        return true;
+    case LoadResult::NOT_OPENED:
+        *psError = "the file can't be opened";
+        return false;
+    case LoadResult::NOT_READ:
+        break;
+    }
+    if (FileTypeOf(szName) == FileType::MIDI_PERFORMANCE)
+        *psError = "MIDI files can't be read";
+    else if (lTune != lFirstTune)
+        *psError = Format("the file has no tune X:%d", lTune);
+    else
+        *psError = "the file is neither a Zarn score nor ABC with an X: line";
+    return false;
+}
+} // namespace zarn

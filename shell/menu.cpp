@@ -1,0 +1,117 @@
+// The menu as data. A label has "&" ahead of its mnemonic and a tab ahead of its key.
+#include "shell/menu.h"
+
+#include "core/messages.h"
+#include "shell/command_numbers.h"
+
+#include <set>
+
+namespace zarn
+{
+static std::set<int32_t> greyCommands;
+
+static std::vector<MenuItem> FileMenu()
+{
+    return {{COMMAND_NEW, "&New...\tCtrl+n"}, {COMMAND_OPEN, "&Open...\tCtrl+o"}, {},
+            {COMMAND_SAVE, "&Save\tCtrl+s"},  {COMMAND_SAVEAS, "Save &As..."},    {},
+            {COMMAND_EXIT, "E&xit"}};
+}
+
+static std::vector<MenuItem> ShowStaffMenu()
+{
+    return {{COMMAND_SHOWSTAFF + 1, "Staff &1"}, {COMMAND_SHOWSTAFF + 2, "Staff &2"},
+            {COMMAND_SHOWSTAFF + 3, "Staff &3"}, {COMMAND_SHOWSTAFF + 4, "Staff &4"},
+            {COMMAND_SHOWSTAFF + 5, "Staff &5"}, {COMMAND_SHOWSTAFF + 6, "Staff &6"},
+            {COMMAND_SHOWSTAFF + 7, "Staff &7"}, {COMMAND_SHOWSTAFF + 8, "Staff &8"}};
+}
+
+static std::vector<MenuItem> SettingsMenu()
+{
+    return {{COMMAND_CHORDSBELOW, "Put chord symbols below staff"},
+            {COMMAND_STORESPACING, "Set current horiz/vert stretch/squeeze as default spacing"},
+            {COMMAND_FONTSCALE, "Font size scaling factor (100%)..."},
+            {},
+            {COMMAND_LEGERSABOVE, "Leger notes above staff..."},
+            {COMMAND_LEGERSBELOW, "Leger notes below staff..."},
+            {COMMAND_SYSTEMGAP, "Extra between systems..."},
+            {},
+            {COMMAND_LEFTMARGIN, "Left margin percent..."},
+            {COMMAND_RIGHTMARGIN, "Right margin percent..."},
+            {COMMAND_TOPMARGIN, "Top margin percent..."},
+            {COMMAND_BOTTOMMARGIN, "Bottom margin percent..."}};
+}
+
+static std::vector<MenuItem> OptionsMenu()
+{
+    return {{COMMAND_KEEPBARS, "&Keep bars together"},
+            {COMMAND_SHOWINVISIBLE, "&Show invisible elements"},
+            {COMMAND_BEAMQUAVERS, "&Beam quavers"},
+            {COMMAND_ARPEGGIOMARKS, "Show arpeggio marks"},
+            {COMMAND_RIGHTJUSTIFIED, "&Right justified"},
+            {COMMAND_ADJUSTALWAYS, "&Adjust continuously"},
+            {},
+            {0, "Show s&taff", false, ShowStaffMenu()},
+            {0, "S&ettings", false, SettingsMenu()}};
+}
+
+static std::vector<MenuItem> ActionMenu()
+{
+    return {{COMMAND_FULLADJUST, "&Full Adjust\ta"},
+            {COMMAND_MINIADJUST, "Mini Adjust"},
+            {},
+            {COMMAND_REMOVESPURIOUS, "&Remove Spurious #/b"},
+            {COMMAND_REMOVENEWLINES, "Remove all &Newlines"},
+            {},
+            {COMMAND_STRETCHHORIZ, "Stretch-horiz\t+"},
+            {COMMAND_SQUEEZEHORIZ, "Squeeze-horiz\t-"},
+            {COMMAND_STRETCHVERT, "Stretch-vert\tAlt++"},
+            {COMMAND_SQUEEZEVERT, "Squeeze-vert\tAlt+-"},
+            {COMMAND_RESETSPACING, "Reset Spacing to default"}};
+}
+
+static std::vector<MenuItem> HelpMenu()
+{
+    return {{COMMAND_HELP, "Help"}, {COMMAND_BRIEFINFO, "Brief info about Zarn"}};
+}
+
+std::vector<MenuItem> const& MainMenu()
+{
+    static std::vector<MenuItem> const aMenu = {{0, "&File", false, FileMenu()},
+                                                {0, "&Options", false, OptionsMenu()},
+                                                {0, "&Action", false, ActionMenu()},
+                                                {0, "&Help", false, HelpMenu()}};
+    return aMenu;
+}
+
+static void CollectGrey(std::vector<MenuItem> const& aItems)
+{
+    for (MenuItem const& item : aItems)
+    {
+        if (item.bGrey)
+            greyCommands.insert(item.lCommand);
+        CollectGrey(item.aItems);
+    }
+}
+
+void Menu_Attach()
+{
+    greyCommands.clear();
+    CollectGrey(MainMenu());
+    SetMenu(hwndMain, MainMenu());
+}
+
+void Menu_Check(int32_t lCommand, bool bOn) { CheckMenuItem(hwndMain, lCommand, bOn); }
+
+void Menu_Enable(int32_t lCommand, bool bOn)
+{
+    if (bOn)
+        greyCommands.erase(lCommand);
+    else
+        greyCommands.insert(lCommand);
+    EnableMenuItem(hwndMain, lCommand, bOn);
+}
+
+bool Menu_IsGrey(int32_t lCommand) { return greyCommands.contains(lCommand); }
+
+void SetMenuText(int32_t lCommand, std::string_view sText) { SetMenuItemInfoA(hwndMain, lCommand, sText); }
+} // namespace zarn
