@@ -28,20 +28,21 @@ struct Link
     Link* pPrev;
     Block* pBlock;
     int32_t fIsAnchor;
+    int32_t fHealthy; ///< of an anchor; the spare word of an item
 };
 
 /// An item's header; the payload follows at once.
 struct ItemHeader : Link
 {
-    int32_t lSpare;
     int32_t cbSize;
     int32_t lPad;
 };
-static_assert(sizeof(ItemHeader) % alignof(std::max_align_t) % 8 == 0);
+static_assert(sizeof(ItemHeader) % 8 == 0);
 
-/// Real bytes of a block's area: what 1500 accounted bytes can come to. The dearest record is an item of four bytes,
-/// 28 in the accounting and 48 here; the last one may lack its rounding.
+/// Real bytes of a block's area: what 1500 accounted bytes can come to. The dearest record is an item of up to four
+/// bytes, 28 in the accounting and 48 here; the last one may lack its rounding.
 constexpr int32_t cbRealArea = cbListBlock * 48 / 28 + 64;
+static_assert(sizeof(ItemHeader) + 8 <= 48 && sizeof(Link) * 28 <= size_t{cbListAnchor} * 48);
 
 struct Block
 {
@@ -144,8 +145,8 @@ void CopyIn(ItemHeader* pItem, void const* pSource, int32_t cb)
 
 struct ListAnchor : Link
 {
-    int32_t fHealthy;
 };
+static_assert(sizeof(ListAnchor) == sizeof(Link));
 
 namespace
 {
@@ -163,7 +164,7 @@ ItemHeader* NewBetween(ListAnchor* list, Link* pPrev, Link* pNext, int32_t cb)
     auto* const pItem = new (pPiece) ItemHeader;
     pItem->pBlock = pCurrentBlock;
     pItem->fIsAnchor = 0;
-    pItem->lSpare = 0;
+    pItem->fHealthy = 0;
     pItem->cbSize = cb;
     pItem->lPad = 0;
     pItem->pNext = pNext;

@@ -117,19 +117,16 @@ Element* FindPlace(int32_t lStrX, int32_t lScreenPitch, int32_t lStaff, int32_t 
     Element* pel = StaffFirst(lStaff);
     while (pel && pel->lStrX < lStrX)
         pel = Next(pel);
-    if (!pel)
-        return nullptr;
-    int32_t const lColumn = pel->lStrX;
     if (sort == CHORD)
     {
         // A harmony goes straight ahead of the note that it stands over.
-        while (pel && pel->lStrX == lColumn && pel->sort != NOTE && pel->sort != REST)
+        while (pel && pel->lStrX == lStrX && pel->sort != NOTE && pel->sort != REST)
             pel = Next(pel);
     }
-    else if (sort == NOTE && pel->sort == NOTE && lColumn == lStrX)
+    else if (sort == NOTE && pel && pel->sort == NOTE && pel->lStrX == lStrX)
     {
         int64_t const lLowest = int64_t{lScreenPitch} - ClefOffset(ClefAt(pel));
-        while (pel && pel->lStrX == lColumn && !(pel->sort == NOTE && pel->lDiaPitch >= lLowest))
+        while (pel && pel->lStrX == lStrX && !(pel->sort == NOTE && pel->lDiaPitch >= lLowest))
             pel = Next(pel);
     }
     return pel;
