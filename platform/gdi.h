@@ -108,7 +108,7 @@ struct DeviceContext
     COLORREF textColor = 0;
     uint32_t textAlign = TA_TOP;
     int32_t bkMode = TRANSPARENT;
-    POINT position;
+    POINT position = {};
 };
 using HDC = DeviceContext*;
 

@@ -139,8 +139,6 @@ std::optional<Event> ParseEvent(Words const& aWords, std::string_view sRest)
 
 std::optional<JournalLine> Journal_ParseLine(std::string_view sLine)
 {
-    if (sLine.ends_with('\r'))
-        sLine.remove_suffix(1);
     sLine.remove_prefix(std::min(sLine.find_first_not_of(" \t"), sLine.size()));
     Words const aWords = Split(sLine);
     if (aWords.empty() || sLine.front() == '#')
@@ -175,7 +173,9 @@ std::vector<JournalLine> Journal_Parse(std::string_view sJournal, std::vector<st
     {
         ++lLine;
         size_t const lEnd = std::min(sJournal.find('\n'), sJournal.size());
-        std::string_view const sLine = sJournal.substr(0, lEnd);
+        std::string_view sLine = sJournal.substr(0, lEnd);
+        if (sLine.ends_with('\r'))
+            sLine.remove_suffix(1);
         sJournal.remove_prefix(std::min(lEnd + 1, sJournal.size()));
         std::optional<JournalLine> line = Journal_ParseLine(sLine);
         if (!line)
