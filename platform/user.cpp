@@ -57,6 +57,12 @@ void UpdateWindow(HWND hwnd)
         hwnd->Update();
 }
 
+void PostMessageA(HWND hwnd, void (*pAction)())
+{
+    if (hwnd)
+        hwnd->Post(pAction);
+}
+
 HDC GetDC(HWND hwnd) { return hwnd ? hwnd->BeginDraw() : nullptr; }
 
 void ReleaseDC(HWND hwnd, HDC hdc)

@@ -90,6 +90,8 @@ public:
     virtual void EnableItem(int32_t lCommand, bool bOn) = 0;
     virtual void SetItemText(int32_t lCommand, std::string_view sText) = 0;
     virtual void Destroy() = 0;
+    /// Calls pAction once, from the message loop, after the repaint that is owed. Without a loop: at once.
+    virtual void Post(void (*pAction)()) { pAction(); }
 };
 using HWND = Window*;
 
@@ -111,6 +113,8 @@ void SetWindowTextA(HWND hwnd, std::string_view sText);
 [[nodiscard]] RECT GetClientRect(HWND hwnd);
 void InvalidateRect(HWND hwnd);
 void UpdateWindow(HWND hwnd);
+/// Has pAction called from the message loop, once the window shows its picture.
+void PostMessageA(HWND hwnd, void (*pAction)());
 [[nodiscard]] HDC GetDC(HWND hwnd);
 void ReleaseDC(HWND hwnd, HDC hdc);
 void SetScrollInfo(HWND hwnd, int32_t lRange, int32_t lPlace); ///< vertical bar, 0 to lRange, standing at lPlace

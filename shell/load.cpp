@@ -70,7 +70,7 @@ bool ReadNative(HFILE hFile)
     int64_t const cBefore = ElementCount();
     int32_t const lOldScroll = lScroll;
     lScroll = 0; // the reader folds each element on its way, so the view must stand at the top by then
-    if (Native_Read(hFile, 1))
+    if (Native_Read(hFile, true))
         return true;
     if (ElementCount() == cBefore)
         lScroll = lOldScroll;

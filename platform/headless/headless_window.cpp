@@ -2,10 +2,18 @@
 #include "platform/headless/headless_window.h"
 
 #include <memory>
+#include <utility>
 
 namespace zarn
 {
 void HeadlessWindow::Update()
+{
+    PayRepaint();
+    if (void (*const pAction)() = std::exchange(pPosted, nullptr))
+        pAction();
+}
+
+void HeadlessWindow::PayRepaint()
 {
     if (!bRepaintOwed || bDestroyed)
         return;

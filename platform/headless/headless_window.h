@@ -45,6 +45,7 @@ public:
     void EnableItem(int32_t lCommand, bool bOn) override { items[lCommand].bGrey = !bOn; }
     void SetItemText(int32_t lCommand, std::string_view sText) override { items[lCommand].sText = sText; }
     void Destroy() override { bDestroyed = true; }
+    void Post(void (*pAction)()) override { pPosted = pAction; } ///< called by the next Update
 
     void Resize(SIZE size); ///< what a user does to the frame; a repaint is owed
     [[nodiscard]] bool IsChecked(int32_t lCommand) const;
@@ -68,10 +69,12 @@ private:
         bool bChecked = false;
         bool bGrey = false;
     };
+    void PayRepaint();
     void AddItems(std::vector<MenuItem> const& aMenu);
 
     std::string sTitle;
     Painter* pPainter = nullptr;
+    void (*pPosted)() = nullptr;
     NullSurface nowhere{{1200, 800}};
     POINT pointer{20, 20};
     std::map<int32_t, Item> items; ///< by command

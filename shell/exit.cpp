@@ -1,0 +1,32 @@
+// Leaving the program.
+#include "shell/exit.h"
+
+#include "core/messages.h"
+#include "core/score.h"
+#include "shell/command_numbers.h"
+#include "shell/file_names.h"
+#include "shell/files.h"
+
+namespace zarn
+{
+static bool MayLeave()
+{
+    if (!bScoreDirty)
+        return true;
+    int32_t const lAnswer = AskYesNoCancel("Not yet saved as ZRN file.  Save Now?");
+    if (lAnswer != 1)
+        return lAnswer == 0;
+    bool const bNative = FileTypeOf(szFileName) == FileType::NATIVE;
+    return SaveFile(hwndMain, bNative ? COMMAND_SAVE : COMMAND_SAVEAS) == SaveResult::SAVED;
+}
+
+void ExitCommand()
+{
+    if (!MayLeave())
+        return;
+    DestroyWindow(hwndMain);
+    hwndMain = nullptr;
+    Score_DestroyLists();
+    PostQuitMessage(0);
+}
+} // namespace zarn

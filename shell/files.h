@@ -1,0 +1,31 @@
+/// New, Open, Save and Save As, and a file that is dropped on the window.
+#pragma once
+#include "platform/user.h"
+
+#include <cstdint>
+#include <string>
+
+namespace zarn
+{
+void NewCommand();    ///< Asks about unsaved music first.
+void OpenCommand();   ///< Likewise.
+void SaveCommand();   ///< Into the file in hand, or as SaveAsCommand when there is none that can be written.
+void SaveAsCommand(); ///< Asks for the name.
+
+/// A file dropped on the window: as if it had been opened, unsaved music asked about first.
+void OpenDropped(std::string const& szName);
+
+/// Asks for a name and reads the file in place of the Score in hand; no question about unsaved music.
+void OpenFile(HWND hwnd);
+/// An empty tune: treble clef, no sharps or flats, 4/4. No question about unsaved music.
+void NewTune(HWND hwnd);
+
+enum class SaveResult : int32_t
+{
+    CANCELLED, ///< by the user
+    FAILED,    ///< the user has been told; the old file and the Score are as they were
+    SAVED,
+};
+/// COMMAND_SAVE or COMMAND_SAVEAS.
+SaveResult SaveFile(HWND hwnd, int32_t lCommand);
+} // namespace zarn

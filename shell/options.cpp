@@ -1,0 +1,93 @@
+// Option toggles.
+#include "shell/options.h"
+
+#include "core/messages.h"
+#include "core/score.h"
+#include "core/settings.h"
+#include "layout/adjust.h"
+#include "layout/right_justify.h"
+#include "render/geometry.h"
+#include "shell/command_numbers.h"
+#include "shell/menu.h"
+
+namespace zarn
+{
+static void Toggle(bool& bOption, int32_t lCommand)
+{
+    bOption = !bOption;
+    Menu_Check(lCommand, bOption);
+}
+
+static void MiniAdjustAndRepaint()
+{
+    MiniAdjust();
+    InvalidateRect(hwndMain);
+}
+
+static void FullAdjustAndRepaint()
+{
+    FullAdjust();
+    InvalidateRect(hwndMain);
+}
+
+void ToggleKeepBars() { Toggle(bKeepBarsTogether, COMMAND_KEEPBARS); }
+
+void ToggleShowInvisible()
+{
+    Toggle(bShowLayout, COMMAND_SHOWINVISIBLE);
+    InvalidateRect(hwndMain);
+}
+
+void ToggleBeamQuavers() { Toggle(bBeamQuavers, COMMAND_BEAMQUAVERS); }
+
+void ToggleArpeggioMarks()
+{
+    Toggle(bShowArpeggio, COMMAND_ARPEGGIOMARKS);
+    MiniAdjustAndRepaint();
+}
+
+void ToggleRightJustified()
+{
+    Toggle(bRightJustified, COMMAND_RIGHTJUSTIFIED);
+    MiniAdjustAndRepaint();
+}
+
+void ToggleAdjustAlways()
+{
+    Toggle(bAutoLayout, COMMAND_ADJUSTALWAYS);
+    if (bAutoLayout)
+        FullAdjustAndRepaint();
+}
+
+void ToggleChordsBelow()
+{
+    Toggle(bChordsBelowStaff, COMMAND_CHORDSBELOW);
+    SaveSetting(bChordsBelowStaff, "Guitar chords below staff");
+    FullAdjustAndRepaint();
+}
+
+void Options_ShowChecks()
+{
+    Menu_Check(COMMAND_KEEPBARS, bKeepBarsTogether);
+    Menu_Check(COMMAND_SHOWINVISIBLE, bShowLayout);
+    Menu_Check(COMMAND_BEAMQUAVERS, bBeamQuavers);
+    Menu_Check(COMMAND_ARPEGGIOMARKS, bShowArpeggio);
+    Menu_Check(COMMAND_RIGHTJUSTIFIED, bRightJustified);
+    Menu_Check(COMMAND_ADJUSTALWAYS, bAutoLayout);
+    Menu_Check(COMMAND_CHORDSBELOW, bChordsBelowStaff);
+    for (int32_t lStaff = 1; lStaff <= lHighestStaff; ++lStaff)
+        Menu_Check(COMMAND_SHOWSTAFF + lStaff, IsVisible(lStaff));
+}
+
+bool RefuseInRightJustified()
+{
+    if (!bRightJustified)
+        return false;
+    if (AskYesNo("Cannot edit in Right-Justified mode.  Change back now?", 1))
+    {
+        Toggle(bRightJustified, COMMAND_RIGHTJUSTIFIED);
+        FullAdjustAndRepaint();
+    }
+    return true;
+}
+} // namespace zarn

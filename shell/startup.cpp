@@ -1,0 +1,123 @@
+// The order in which the program comes up and goes down.
+#include "shell/startup.h"
+
+#include "core/messages.h"
+#include "core/score.h"
+#include "core/settings.h"
+#include "core/text.h"
+#include "edit/new_score.h"
+#include "panels/dialogs.h"
+#include "platform/registry.h"
+#include "render/font.h"
+#include "render/geometry.h"
+#include "shell/files.h"
+#include "shell/load.h"
+#include "shell/main_window.h"
+#include "shell/menu.h"
+#include "shell/options.h"
+#include "shell/page_commands.h"
+
+namespace zarn
+{
+constexpr char const* sFirstStartDone = "First start done";
+
+void Score_StartUp()
+{
+    LoadSetting(&bChordsBelowStaff, "Guitar chords below staff");
+    Score_CreateLists();
+    Score_New();
+}
+
+void Page_StartUp(int32_t lWidth, int32_t lHeight)
+{
+    LoadPageSettings();
+    SetWindowUnits({0, 0, lWidth, lHeight});
+}
+
+static bool MakeMainWindow()
+{
+    static ScorePainter painter;
+    hwndMain = CreateWindowExA("Zarn", &painter);
+    if (!hwndMain)
+        return false;
+    Menu_Attach();
+    MainWindow_Created();
+    RECT const client = GetClientRect(hwndMain);
+    MainWindow_Resized({client.right, client.bottom});
+    return true;
+}
+
+static std::string WithoutQuotes(std::string_view szCommandLine)
+{
+    if (szCommandLine.starts_with('"'))
+        szCommandLine.remove_prefix(1);
+    if (szCommandLine.ends_with('"'))
+        szCommandLine.remove_suffix(1);
+    return std::string(szCommandLine);
+}
+
+static void LoadCommandLineFile(std::string const& szName)
+{
+    std::string sTitle;
+    (void)LoadNamed(szName, lFirstTune, &sTitle);
+    SetWindowTextA(hwndMain, sTitle);
+    Options_ShowChecks();
+    Font_Renew();
+    InvalidateRect(hwndMain);
+}
+
+/// On the very first start on a machine: the five things to know.
+static void GreetOnce()
+{
+    int32_t lDone = 0;
+    if (LoadSetting(&lDone, sFirstStartDone) == ERROR_SUCCESS)
+        return;
+    Inform(Format("%s\r\n\r\n%s\r\n\r\n%s\r\n\r\n%s\r\n%s", "LEFT mouse button ADDS symbol to score.",
+                  "RIGHT mouse button DELETES.", "Symbol menu selects symbol.", "Keyboard shortcuts are quicker.",
+                  "(Keyboard mode is even quicker still)."));
+    SaveSetting(1, sFirstStartDone);
+}
+
+static void AskHowToBegin()
+{
+    if (!hwndMain) // closed before it was ever shown
+        return;
+    GreetOnce();
+    switch (QuestionBox(hwndMain, "File source", "Open existing file or start new one?", "Open", "New"))
+    {
+    case 1:
+        OpenFile(hwndMain);
+        break;
+    case 2:
+        NewTune(hwndMain);
+        break;
+    default:
+        break;
+    }
+}
+
+bool StartUp(std::string_view szCommandLine)
+{
+    Score_StartUp();
+    if (!MakeMainWindow())
+        return false;
+    if (!szCommandLine.empty())
+        LoadCommandLineFile(WithoutQuotes(szCommandLine));
+    UpdateWindow(hwndMain);
+    Options_ShowChecks();
+    // The question belongs to the first paint, and waits until that is on the screen: no box stands over an empty
+    // window.
+    if (szCommandLine.empty())
+        PostMessageA(hwndMain, AskHowToBegin);
+    return true;
+}
+
+void ShutDown()
+{
+    if (aStaffList[0]) // leaving through the window has freed them already
+        Score_DestroyLists();
+    hwndMain = nullptr;
+    Font_Renew();
+    Geometry_Free();
+}
+} // namespace zarn

@@ -1,0 +1,20 @@
+/// Coming up and going down.
+#pragma once
+#include <cstdint>
+#include <string>
+
+namespace zarn
+{
+/// Makes the empty Score with the settings it needs. First of all, with a window or without one.
+void Score_StartUp();
+/// The drawing area of a conversion without a window, with the stored margins.
+void Page_StartUp(int32_t lWidth, int32_t lHeight);
+
+/// Brings the program up to its message loop, which is the host's: the Score, the main window, the file of the command
+/// line (one quote at either end is taken off; empty for none). Without a file the user is asked how to begin, from the
+/// message loop, once the window shows its first picture. False when there can be no window.
+[[nodiscard]] bool StartUp(std::string_view szCommandLine);
+
+/// Behind the message loop, or at the end of a conversion: frees what is left.
+void ShutDown();
+} // namespace zarn
