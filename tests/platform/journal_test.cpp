@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
+#include <random>
+
 using namespace zarn;
 
 TEST(Journal, EachLineReadsBackToItself)
@@ -135,4 +138,28 @@ TEST(Journal, EitherKindOfLineEndWillDo)
     EXPECT_EQ(Journal_Parse("open a b.abc\r\n\r\nanswer text x\r\n", aComplaints),
               Journal_Parse("open a b.abc\n\nanswer text x", aComplaints));
     EXPECT_TRUE(aComplaints.empty());
+}
+
+TEST(Journal, WhateverReadsIsWrittenSoThatItReadsTheSame)
+{
+    char const* const aPieces[] = {"answer", "text",  "form",   "number", "open", "key", "left", "down",
+                                   "scroll", "thumb", "expect", "tick",   "size", "a",   "7",    "-3",
+                                   " ",      "  ",    "\t",     "\\",     "\\n",  "\"",  "=",    "#",
+                                   "\xC3",   "\x80",  "shift",  "ok",     "midi", "\x01"};
+    std::mt19937 random(20);
+    int32_t cRead = 0;
+    for (int32_t l = 0; l < 20000; ++l)
+    {
+        std::string sLine;
+        for (uint32_t cPieces = random() % 7; cPieces > 0; --cPieces)
+            sLine += std::string(aPieces[random() % std::size(aPieces)]) + (random() % 2 ? " " : "");
+        std::optional<JournalLine> const line = Journal_ParseLine(sLine);
+        if (!line || line->kind == JournalLine::NOTHING)
+            continue;
+        ++cRead;
+        std::string const sAgain = Journal_Format(*line);
+        EXPECT_EQ(Journal_ParseLine(sAgain), line) << sLine;
+        EXPECT_EQ(Journal_Format(*Journal_ParseLine(sAgain)), sAgain) << sLine;
+    }
+    EXPECT_GT(cRead, 500);
 }
