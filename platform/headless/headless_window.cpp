@@ -6,14 +6,15 @@
 
 namespace zarn
 {
-void HeadlessWindow::Update()
+void HeadlessWindow::RunLoop()
 {
-    PayRepaint();
-    if (void (*const pAction)() = std::exchange(pPosted, nullptr))
+    Update();
+    for (void (*const pAction)() : std::exchange(aPosted, {}))
         pAction();
+    Update();
 }
 
-void HeadlessWindow::PayRepaint()
+void HeadlessWindow::Update()
 {
     if (!bRepaintOwed || bDestroyed)
         return;

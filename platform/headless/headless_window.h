@@ -45,8 +45,11 @@ public:
     void EnableItem(int32_t lCommand, bool bOn) override { items[lCommand].bGrey = !bOn; }
     void SetItemText(int32_t lCommand, std::string_view sText) override { items[lCommand].sText = sText; }
     void Destroy() override { bDestroyed = true; }
-    void Post(void (*pAction)()) override { pPosted = pAction; } ///< called by the next Update
+    void Post(void (*pAction)()) override { aPosted.push_back(pAction); } ///< called by the next RunLoop
 
+    /// What a message loop does between two events: pays a repaint that is owed, calls what was posted, and pays what
+    /// that left owed.
+    void RunLoop();
     void Resize(SIZE size); ///< what a user does to the frame; a repaint is owed
     [[nodiscard]] bool IsChecked(int32_t lCommand) const;
     [[nodiscard]] bool IsGrey(int32_t lCommand) const;
@@ -69,12 +72,11 @@ private:
         bool bChecked = false;
         bool bGrey = false;
     };
-    void PayRepaint();
     void AddItems(std::vector<MenuItem> const& aMenu);
 
     std::string sTitle;
     Painter* pPainter = nullptr;
-    void (*pPosted)() = nullptr;
+    std::vector<void (*)()> aPosted;
     NullSurface nowhere{{1200, 800}};
     POINT pointer{20, 20};
     std::map<int32_t, Item> items; ///< by command

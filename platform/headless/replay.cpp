@@ -28,10 +28,10 @@ void ActOnWindow(HeadlessWindow& window, Event const& event)
     }
 }
 
-void PayRepaint(ScriptHost& user)
+void RunLoop(ScriptHost& user)
 {
     if (user.pWindow)
-        user.pWindow->Update();
+        user.pWindow->RunLoop();
 }
 
 void Deliver(Event const& event, ScriptHost& user)
@@ -39,14 +39,10 @@ void Deliver(Event const& event, ScriptHost& user)
     if (event.kind == EventKind::TICK)
         user.lNowMs += static_cast<uint32_t>(event.lNumber);
     if (user.pWindow)
-    {
-        if (event.kind == EventKind::COMMAND && user.pWindow->IsGrey(event.lNumber))
-            return;
         ActOnWindow(*user.pWindow, event);
-    }
     if (host.pDoor)
         host.pDoor->Receive(event);
-    PayRepaint(user);
+    RunLoop(user);
 }
 
 bool IsMet(std::string const& sExpected, ScriptHost const& user)
@@ -86,7 +82,7 @@ int32_t Replay_Play(std::string_view sJournal, ScriptHost& user, std::function<v
             continue;
         }
         if (!std::exchange(bPainted, true))
-            PayRepaint(user);
+            RunLoop(user);
         if (line.kind == JournalLine::EVENT && !user.bQuit)
             Deliver(line.event, user);
         else if (line.kind == JournalLine::EXPECT && !IsMet(line.sExpected, user))
@@ -97,7 +93,7 @@ int32_t Replay_Play(std::string_view sJournal, ScriptHost& user, std::function<v
         }
     }
     if (!bPainted)
-        PayRepaint(user);
+        RunLoop(user);
     user.pOnShown = before;
     return lResult;
 }

@@ -103,11 +103,20 @@ TEST_F(Replaying, TicksMoveTheClock)
     EXPECT_EQ(program.aLog, (Lines{"paint 1200 800", "tick 1500", "tick 20"}));
 }
 
-TEST_F(Replaying, AGreyedCommandDoesNothing)
+TEST_F(Replaying, WhatIsPostedRunsBehindTheRepaintAndIsFollowedByTheNext)
 {
-    EnableMenuItem(hwnd, 1, false);
-    EXPECT_EQ(Play("command 1\ncommand 9\n"), 0);
-    EXPECT_EQ(program.aLog, (Lines{"paint 1200 800", "command 9"}));
+    PostMessageA(hwnd,
+                 []
+                 {
+                     MessageBoxA(nullptr, "Open or new?", "", MB_YESNO);
+                     InvalidateRect(static_cast<ScriptHost*>(host.pUser)->pWindow.get());
+                 });
+    UpdateWindow(hwnd);
+    EXPECT_TRUE(process.user.shown.empty()) << "only the loop calls what was posted";
+    InvalidateRect(hwnd);
+    EXPECT_EQ(Play("answer yes\ncommand 9\nexpect Open\n"), 0);
+    EXPECT_EQ(program.aLog, (Lines{"paint 1200 800", "paint 1200 800", "paint 1200 800", "command 9"}));
+    EXPECT_EQ(aTold, (Lines{"question: Open or new? -> yes"}));
 }
 
 TEST_F(Replaying, MessagesAndQuestionsAreToldInOneLineEach)
