@@ -1,0 +1,29 @@
+/// One timed event of a play.
+#pragma once
+#include <cstdint>
+#include <vector>
+
+namespace zarn
+{
+constexpr int32_t lNotSent = -999; ///< lLate of a record that has not gone out yet
+
+/// A program change when lProgram is not -1, else a tempo change when lTempo is not -1, else a note event when lNote is
+/// not -1, else a bare time marker.
+struct PlayRecord
+{
+    int32_t lTime = 0;        ///< ticks while the list is built; -1 for the preamble
+    int32_t lLate = lNotSent; ///< milliseconds; written by the player, read by nothing
+    int32_t lVolume = 0;      ///< velocity 0..127; 0 is a note-off; -1 on tempo records
+    int32_t lNote = -1;       ///< MIDI note
+    int32_t lChannel = 0;     ///< MIDI channel as sent, 0..8
+    int32_t lTempo = -1;      ///< milliseconds a crotchet
+    int32_t lProgram = -1;    ///< MIDI program
+    friend bool operator==(PlayRecord const&, PlayRecord const&) = default;
+};
+
+/// A build's records in order of arrival. Sorting them by time, equal times left in that order, gives what inserting
+/// each behind the last record that isn't later would give, without its walk back over other staffs.
+using PlayRecords = std::vector<PlayRecord>;
+
+inline void AddPlayRecord(PlayRecords& records, PlayRecord const& record) { records.push_back(record); }
+} // namespace zarn

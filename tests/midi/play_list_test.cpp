@@ -1,0 +1,312 @@
+#include "midi/play_list.h"
+
+#include "core/pitch.h"
+#include "core/text.h"
+#include "midi/refresh_pitches.h"
+#include "midi/score_times.h"
+#include "support/score_text.h"
+#include "support/scripted_process.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+namespace zarn
+{
+using namespace test;
+
+namespace
+{
+class PlayListTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        fPlayChords = true;
+        lOrnamentStyle = ORNAMENT_DIATONIC;
+        lLastChordRoot = lLastChordKind = -1;
+    }
+    void TearDown() override
+    {
+        if (listPlay)
+            List_Destroy(&listPlay);
+        fClarinetTranspose = fGuitarTranspose = false;
+    }
+
+    void Build(PlayStyle const& style = {}, int32_t lStart = 0)
+    {
+        Score_SetTimes();
+        if (listPlay)
+            List_Clear(listPlay);
+        BuildPlayList(&listPlay, 8, lStart, style, afPlay);
+    }
+
+    /// The note events: "0:60" on, "47:-60" off; others "0:T500", "0:P5", "96:rest". The preamble is left out.
+    std::string Events()
+    {
+        std::string s;
+        for (auto const* p = List_FirstAs<PlayRecord>(listPlay); p; p = List_NextAs(p))
+        {
+            if (p->lTime < 0)
+                continue;
+            s += s.empty() ? "" : " ";
+            if (p->lProgram != -1)
+                s += Format("%d:P%d", p->lTime, p->lProgram);
+            else if (p->lTempo != -1)
+                s += Format("%d:T%d", p->lTime, p->lTempo);
+            else if (p->lNote != -1)
+                s += Format(p->lVolume ? "%d:%d" : "%d:-%d", p->lTime, p->lNote);
+            else
+                s += Format("%d:rest", p->lTime);
+        }
+        return s;
+    }
+
+    std::string Played(std::string const& sScore, PlayStyle const& style = {}, int32_t lStart = 0)
+    {
+        List_Clear(aStaffList[1]);
+        Write(1, sScore);
+        Build(style, lStart);
+        return Events();
+    }
+
+    ScriptedProcess process;
+    List listPlay = nullptr;
+};
+} // namespace
+
+TEST_F(PlayListTest, AnEmptyStaffAddsNothingNotEvenItsPreamble)
+{
+    Build();
+    EXPECT_EQ(List_Card(listPlay), 0);
+}
+
+TEST_F(PlayListTest, ThePreambleIsAProgramAndATempoAheadOfTime)
+{
+    process.settings.values["Default Instrument"] = 25;
+    Played("n0/48");
+    auto const* p = List_FirstAs<PlayRecord>(listPlay);
+    EXPECT_EQ(*p, (PlayRecord{-1, lNotSent, -1, -1, 1, -1, 25}));
+    EXPECT_EQ(*List_NextAs(p), (PlayRecord{-1, lNotSent, -1, -1, 1, 500, -1}));
+}
+
+TEST_F(PlayListTest, NotesEndOneTickShort) { EXPECT_EQ(Played("n0/48 n1/24"), "0:60 47:-60 48:62 71:-62"); }
+
+TEST_F(PlayListTest, ANoteOfFourTicksWithStaccatoGoesOnAndOffAtOneTick)
+{
+    EXPECT_EQ(Played("n0/4/flag=64"), "0:60 0:-60");
+}
+
+TEST_F(PlayListTest, GraceNotesSoundOneBehindTheOtherAndPushTheNote)
+{
+    EXPECT_EQ(Played("n0/0 n1/0 n2/0 n3/48"), "0:60 3:-60 4:62 7:-62 8:64 11:-64 12:65 59:-65");
+}
+
+TEST_F(PlayListTest, TiesRingThrough) { EXPECT_EQ(Played("n0/48/flag=1 tie n0/48/flag=2"), "0:60 95:-60"); }
+
+TEST_F(PlayListTest, ChordNotesSoundTogether) { EXPECT_EQ(Played("[n0/48 n2/48]"), "0:60 0:64 47:-60 47:-64"); }
+
+TEST_F(PlayListTest, ARestAtTheVeryStartAddsNothingAndALaterOneAMarker)
+{
+    EXPECT_EQ(Played("r48 n0/48 r48"), "48:60 95:-60 96:rest");
+}
+
+TEST_F(PlayListTest, AccidentalsBindToTheirExactPositionUntilTheBar)
+{
+    EXPECT_EQ(Played("#7 n7/48 n0/48 || n7/48 | n7/48"), "0:73 47:-73 48:60 95:-60 96:73 143:-73 144:72 191:-72");
+}
+
+TEST_F(PlayListTest, KeysAndTranspositionsReachTheNotesBehindThem)
+{
+    EXPECT_EQ(Played("key:1 n3/48 trans:2 n3/48 trans:0 n3/48"), "0:66 47:-66 48:68 95:-68 96:66 143:-66");
+}
+
+TEST_F(PlayListTest, OrnamentsOfEachStyle)
+{
+    struct
+    {
+        int32_t lStyle;
+        char const* sEvents;
+    } const aCase[] = {{ORNAMENT_NONE, "0:60 47:-60"},
+                       {ORNAMENT_SEMITONE, "0:60 9:-60 9:61 18:-61 18:60 28:-60 28:59 37:-59 37:60 47:-60"},
+                       {ORNAMENT_BOWED, "0:60 14:-60 15:60 30:-60 31:60 47:-60"},
+                       {ORNAMENT_DIATONIC, "0:60 9:-60 9:62 18:-62 18:60 28:-60 28:59 37:-59 37:60 47:-60"}};
+    for (auto const& c : aCase)
+    {
+        lOrnamentStyle = c.lStyle;
+        EXPECT_EQ(Played("n0/48/flag=32"), c.sEvents) << c.lStyle;
+    }
+}
+
+TEST_F(PlayListTest, AnOrnamentedNoteOffTheBeatIsTimedByWhatItSounds)
+{
+    // With dotted crotchets the second crotchet of a beat of 96 comes 16 late: 47 less 16 is 31, fifths of it 6.
+    EXPECT_EQ(Played("r48 n0/48/flag=32", {96, 0, 48, false, true}),
+              "64:60 70:-60 70:62 76:-62 76:60 82:-60 82:59 88:-59 88:60 95:-60");
+}
+
+TEST_F(PlayListTest, SwingMovesTheOnsetAndLeavesTheEnd)
+{
+    EXPECT_EQ(Played("n0/24 n1/24 n2/24 n3/24", {48, 0, 24, false, true}),
+              "0:60 23:-60 32:62 47:-62 48:64 71:-64 80:65 95:-65");
+}
+
+TEST_F(PlayListTest, BarnDanceCutsNotesOffThePulse)
+{
+    EXPECT_EQ(Played("n0/48 n1/48", {96, 0, 0, true, true}), "0:60 47:-60 48:62 71:-62");
+}
+
+TEST_F(PlayListTest, APulseOfNothingSwingsNothing)
+{
+    EXPECT_EQ(Played("n0/24 n1/24", {0, 0, 24, true, true}), "0:60 23:-60 24:62 47:-62");
+}
+
+TEST_F(PlayListTest, ARepeatPlaysTwiceWithTheSecondEndingInPlaceOfTheFirst)
+{
+    EXPECT_EQ(Played("|: n0/48 1st n1/48 :| n2/48"), "0:60 47:-60 48:62 95:-62 96:60 143:-60 144:64 191:-64");
+}
+
+TEST_F(PlayListTest, AnEndStartBetweenTwoSectionsRepeatsEach)
+{
+    EXPECT_EQ(Played("|: n0/48 :: n1/48 :|"), "0:60 47:-60 48:60 95:-60 96:62 143:-62 144:62 191:-62");
+}
+
+TEST_F(PlayListTest, TheSecondPassBeginsWithTheStateAtTheSign)
+{
+    EXPECT_EQ(Played("key:1 |: n3/48 key:0 :|"), "0:66 47:-66 48:66 95:-66");
+}
+
+TEST_F(PlayListTest, AFirstTimeBarOutsideARepeatIsTold)
+{
+    Played("1st n0/48");
+    EXPECT_EQ(process.user.Messages(), std::vector<std::string>{"First time only outside repeat"});
+}
+
+TEST_F(PlayListTest, AStartBehindARepeatLeavesItsSecondPassAsSilence)
+{
+    // The first pass lies ahead of the start and sounds not at all; the second one has its length.
+    EXPECT_EQ(Played("|: n0/48 :| n1/48", {}, 48), "48:62 95:-62");
+}
+
+TEST_F(PlayListTest, InstrumentsAndTemposAheadOfTheStartCountAtTheStart)
+{
+    EXPECT_EQ(Played("inst:5 tempo:120 n0/48 n1/48", {}, 48), "0:P5 0:T500 0:62 47:-62");
+}
+
+TEST_F(PlayListTest, ATempoOfNothingIsPassedOver) { EXPECT_EQ(Played("tempo:0 n0/48"), "0:60 47:-60"); }
+
+TEST_F(PlayListTest, SlashRepeatsTheChordAndStopsTheOneBefore)
+{
+    EXPECT_EQ(Played("chord\"C\" r48 chord\"/\" r48"), "0:48 0:52 0:55 48:-48 48:-52 48:-55 48:48 48:52 48:55 48:rest");
+}
+
+TEST_F(PlayListTest, ChordsStaySilentWhenTheOptionIsOff)
+{
+    fPlayChords = false;
+    EXPECT_EQ(Played("chord\"C\" n0/48"), "0:60 47:-60");
+}
+
+TEST_F(PlayListTest, AChordAheadOfTheStartIsKnownToALaterSlash)
+{
+    EXPECT_EQ(Played("chord\"C\" r48 chord\"/\" r48", {}, 48), "0:48 0:52 0:55");
+}
+
+TEST_F(PlayListTest, OrderIsThatOfInsertingBehindTheLastThatIsNotLater)
+{
+    std::mt19937 random(7);
+    for (int32_t lStaff = 1; lStaff <= 8; ++lStaff)
+        for (int32_t n = 0; n < 60; ++n)
+            Write(lStaff, Format("n%d/%d", static_cast<int>(random() % 15), static_cast<int>(random() % 4 * 12)));
+    Build();
+    // The plain rule, on the records of each staff in turn.
+    List const listAll = std::exchange(listPlay, nullptr);
+    std::vector<PlayRecord> plain;
+    for (int32_t lStaff = 1; lStaff <= 8; ++lStaff)
+    {
+        int32_t afOne[9] = {};
+        afOne[lStaff] = 1;
+        BuildPlayList(&listPlay, 8, 0, {}, afOne);
+        for (auto const* p = List_FirstAs<PlayRecord>(listPlay); p; p = List_NextAs(p))
+        {
+            auto at = plain.end();
+            while (at != plain.begin() && std::prev(at)->lTime > p->lTime)
+                --at;
+            plain.insert(at, *p);
+        }
+        List_Clear(listPlay);
+    }
+    size_t n = 0;
+    for (auto const* p = List_FirstAs<PlayRecord>(listAll); p; p = List_NextAs(p), ++n)
+        ASSERT_EQ(*p, plain[n]) << n;
+    EXPECT_EQ(n, plain.size());
+    List_Destroy(&const_cast<List&>(listAll));
+}
+
+TEST_F(PlayListTest, RepeatsInsideRepeatsEndWithOneSentence)
+{
+    std::string sScore;
+    for (int32_t n = 0; n < 28; ++n)
+        sScore += "|: ";
+    sScore += "n0/48";
+    for (int32_t n = 0; n < 28; ++n)
+        sScore += " :|";
+    Played(sScore);
+    EXPECT_LE(List_Card(listPlay), cMostPlayRecords + 10);
+    EXPECT_EQ(process.user.shown.size(), 1u);
+}
+
+TEST_F(PlayListTest, RefreshingPitchesEndsWhateverTheRepeatsAre)
+{
+    std::string sScore = "key:2";
+    for (int32_t n = 0; n < 5000; ++n)
+        sScore += " |:";
+    Write(1, sScore + " n3/48");
+    RefreshPitches(8);
+    EXPECT_EQ(StaffLast(1)->lPitch, 66);
+}
+
+TEST_F(PlayListTest, RefreshingPitchesReachesHiddenAndSilentStaffs)
+{
+    Write(3, "#3 n3/48");
+    afPlay[3] = 0;
+    At(3, 1)->lPitch = 0;
+    RefreshPitches(8);
+    EXPECT_EQ(At(3, 1)->lPitch, 66);
+    afPlay[3] = 1;
+}
+
+TEST_F(PlayListTest, ChordSymbolsAreParsedByTheirExactSigns)
+{
+    struct
+    {
+        char const* sText;
+        int32_t lRoot;
+        int32_t lKind;
+    } const aCase[] = {{"C", 48, 1},  {"F#m7", 54, 4}, {"Bbmaj7", 46, 9}, {"Cmin", 48, 2}, {"Cmin7", 48, 4},
+                       {"G7", 55, 3}, {"C-", 48, 5},   {"C0", 48, 5},     {"Fdim", 53, 5}, {"FDim", 53, 1},
+                       {"B+", 47, 6}, {"Caug", 48, 6}, {"E!", 52, 7},     {"G6", 55, 8},   {"Xyz", -1, -1},
+                       {"/", -1, -1}, {"", -1, -1},    {"h", -1, -1}};
+    for (auto const& c : aCase)
+    {
+        int32_t lRoot = 0;
+        int32_t lKind = 0;
+        ParseGuitarChord(c.sText, &lRoot, &lKind, 0);
+        EXPECT_EQ(lRoot, c.lRoot) << c.sText;
+        EXPECT_EQ(lKind, c.lKind) << c.sText;
+    }
+}
+
+TEST_F(PlayListTest, ASlashSinksFurtherEachTimeInClarinetMode)
+{
+    fClarinetTranspose = true;
+    int32_t lRoot = 0;
+    int32_t lKind = 0;
+    ParseGuitarChord("C", &lRoot, &lKind, 0);
+    EXPECT_EQ(lRoot, 46);
+    ParseGuitarChord("/", &lRoot, &lKind, 0);
+    EXPECT_EQ(lRoot, 44);
+    ParseGuitarChord("/", &lRoot, &lKind, 1);
+    EXPECT_EQ(lRoot, 43);
+}
+} // namespace zarn
