@@ -233,12 +233,11 @@ int32_t ReadChordStart(AbcLine const& line, int32_t i)
     return i + 1;
 }
 
-int32_t ReadChordEnd(AbcLine const& line, int32_t i)
+int32_t ReadChordEnd(int32_t i)
 {
     if (abc.chord == AbcChord::NONE)
     {
-        if (line.At(i) == ']')
-            AbcLog("Excess chord end symbol ']' found outside chord");
+        AbcLog("Excess chord end symbol ']' found outside chord");
         return i + 1;
     }
     CloseChord();

@@ -15,7 +15,7 @@ int32_t ReadFlat(AbcLine const& line, int32_t i);
 int32_t ReadAccidental(AbcLine const& line, int32_t i); ///< any of the three
 int32_t ReadTuplet(AbcLine const& line, int32_t i);     ///< at the "("
 int32_t ReadChordStart(AbcLine const& line, int32_t i); ///< "[", or "+" outside a chord
-int32_t ReadChordEnd(AbcLine const& line, int32_t i);   ///< "]", or "+" inside one
+int32_t ReadChordEnd(int32_t i);                        ///< "]", or "+" inside one
 
 /// The duration under k signs of broken rhythm: each adds half of what the one before added, or takes it off when k is
 /// below 0. Held in 32 bits.

@@ -208,11 +208,11 @@ int32_t ReadSymbol(AbcLine const& line, int32_t i)
         SlurClose();
         return i + 1;
     case '+':
-        return abc.chord == AbcChord::NONE ? ReadChordStart(line, i) : ReadChordEnd(line, i);
+        return abc.chord == AbcChord::NONE ? ReadChordStart(line, i) : ReadChordEnd(i);
     case '[':
         return cNext == '|' ? ReadDoubleBar(line, i) : ReadChordStart(line, i);
     case ']':
-        return ReadChordEnd(line, i);
+        return ReadChordEnd(i);
     case cEndOfText:
         return lTuneEnds;
     default:

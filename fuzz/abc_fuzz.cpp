@@ -1,0 +1,58 @@
+// Any bytes as an ABC file: listed, read, laid out, drawn and saved, and the score is well formed throughout.
+#include "abc/abc_index.h"
+#include "abc/abc_reader.h"
+#include "core/messages.h"
+#include "core/score_check.h"
+#include "edit/new_score.h"
+#include "file/native.h"
+#include "layout/adjust.h"
+#include "platform/headless/script_host.h"
+#include "render/draw_score.h"
+
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
+
+using namespace zarn;
+
+static void Check(char const* sAfter)
+{
+    std::string const sWrong = Score_Check();
+    if (sWrong.empty())
+        return;
+    std::fprintf(stderr, "after %s: %s\n", sAfter, sWrong.c_str());
+    std::abort();
+}
+
+extern "C" int LLVMFuzzerTestOneInput(uint8_t const* pBytes, size_t cb)
+{
+    static ScriptHost user;
+    static MapStore settings;
+    static bool const bReady = []
+    {
+        host.pUser = &user;
+        host.pSettings = &settings;
+        bAbcListing = false;
+        Score_CreateLists();
+        return true;
+    }();
+    static_cast<void>(bReady);
+    user.shown.clear();
+    Serious_Rearm();
+    Score_New();
+
+    HFILE const hFile = File_FromBytes({reinterpret_cast<char const*>(pBytes), cb});
+    std::vector<AbcTuneRow> const aRows = Abc_ListTunes(hFile);
+    ReadAbcNumbered(hFile, aRows.empty() ? 0 : aRows.front().lNumber, nullptr);
+    _lclose(hFile);
+    MiniAdjust();
+    Check("reading and mini adjust");
+    FullAdjust();
+    Check("full adjust");
+    std::string sSaved;
+    HFILE const hSaved = File_IntoString(&sSaved);
+    Native_Write(hSaved);
+    _lclose(hSaved);
+    return 0;
+}
