@@ -17,7 +17,7 @@ constexpr int32_t lDottedCrotchet = 72;
 
 /// Elements that a walk along one chord looks at. No chord comes near it; a staff full of damaged chord flags must not
 /// cost a walk over all of it for each note.
-constexpr int32_t lLongestChordWalk = 1000;
+constexpr int32_t lLongestChordWalk = 300;
 
 static int32_t ChordBits(Element const* pel) { return pel->lA & fChordBits; }
 
