@@ -5,6 +5,7 @@
 // each anchor.
 #include "layout/place.h"
 
+#include "core/messages.h"
 #include "core/text.h"
 #include "layout/bars.h"
 #include "layout/element_width.h"
@@ -116,6 +117,11 @@ static void Advance(Merge& merge, int32_t lStaff)
 void PlaceOthers(Merge& merge, int32_t lMaster)
 {
     Element const* const pelMaster = merge.apelNext[lMaster];
+    if (!pelMaster)
+    {
+        Serious("PlaceOthers called with NULL pel");
+        return;
+    }
     int32_t const lTime = pelMaster->lTime;
     for (int32_t lStaff = 1; lStaff <= lHighestStaff; ++lStaff)
     {

@@ -4,7 +4,6 @@
 #include "core/settings.h"
 #include "core/text.h"
 #include "layout/adjust.h"
-#include "render/font.h"
 #include "render/geometry.h"
 
 #include <algorithm>
@@ -26,7 +25,6 @@ static int32_t Step(int32_t lColsOrRows) { return std::max(lColsOrRows / lStretc
 static void LayOutAnew()
 {
     SetUnits();
-    Font_Renew();
     FullAdjust();
 }
 

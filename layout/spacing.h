@@ -6,7 +6,8 @@
 
 namespace zarn
 {
-/// A twentieth fewer or more columns or rows, at least one; then units, font and FullAdjust. The caller repaints.
+/// A twentieth fewer or more columns or rows, at least one; then SetUnits and FullAdjust. The caller renews the text
+/// font (Font_Renew), which follows the units, and repaints.
 void Stretch_Horiz();
 void Squeeze_Horiz();
 void Stretch_Vert();

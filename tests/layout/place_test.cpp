@@ -202,6 +202,13 @@ TEST_F(Placing, TheMasterIsTheEarliestThenANewlineThenTheRightMost)
     EXPECT_EQ(MasterElement(merge), 1);
 }
 
+TEST_F(Placing, AMasterThatIsNoneIsTold)
+{
+    Merge merge;
+    PlaceOthers(merge, MasterElement(merge));
+    EXPECT_EQ(process.user.Messages(), std::vector<std::string>{"PlaceOthers called with NULL pel"});
+}
+
 TEST_F(Placing, ANewlineCarriesOnToTheNextLineBehindClefAndKey)
 {
     Write(1, "clef:3 key:2 n0/48 nl n0/48");
