@@ -124,14 +124,15 @@ void SetWindowUnits(RECT const& client)
     SetUnits();
 }
 
-/// lHeight * lWidth * lRows / lDivisor; a page can be so odd that only floating point holds the product.
+/// lNewHeight * lOldWidth * lOldRows / (lNewWidth * lOldHeight); a page so odd that 64 bits don't hold the product
+/// loses the precision of the last step.
 static int32_t RowsOnPaper(int64_t lNewHeight, int64_t lOldWidth, int64_t lOldRows, int64_t lNewWidth,
                            int64_t lOldHeight)
 {
     int64_t lProduct = 0;
     if (!__builtin_mul_overflow(lNewHeight * lOldWidth, lOldRows, &lProduct))
         return AtLeastOne(lProduct / (lNewWidth * lOldHeight));
-    return AtLeastOne(lNewHeight * lOldWidth / (lNewWidth * lOldHeight) * lOldRows);
+    return AtLeastOne(int64_t{Clamp32(lNewHeight * lOldWidth / (lNewWidth * lOldHeight))} * lOldRows);
 }
 
 void BeginPrintUnits(int32_t lDeviceWidth, int32_t lDeviceHeight, bool bStrong)
