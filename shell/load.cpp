@@ -134,8 +134,10 @@ bool LoadForExport(std::string const& szName, int32_t lTune, std::string* psErro
         *psError = "MIDI files can't be read";
     else if (lTune != lFirstTune)
         *psError = Format("the file has no tune X:%d", lTune);
+    else if (FileTypeOf(szName) == FileType::ABC)
+        *psError = "the file holds no tune: no line begins X:";
     else
-        *psError = "the file is neither a Zarn score nor ABC with an X: line";
+        *psError = "the file is not a Zarn score; the name of an ABC file ends in .abc";
     return false;
 }
 } // namespace zarn

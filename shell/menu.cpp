@@ -50,7 +50,7 @@ static std::vector<MenuItem> OptionsMenu()
             {COMMAND_RIGHTJUSTIFIED, "&Right justified"},
             {COMMAND_ADJUSTALWAYS, "&Adjust continuously"},
             {},
-            {0, "Show s&taff", false, ShowStaffMenu()},
+            {0, "Show staff", false, ShowStaffMenu()},
             {0, "S&ettings", false, SettingsMenu()}};
 }
 
