@@ -12,17 +12,19 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 #include <string_view>
+#include <vector>
 
 using namespace zarn;
 
 static void Check(char const* sAfter)
 {
-    std::string const sWrong = Score_Check();
-    if (sWrong.empty())
-        return;
-    std::fprintf(stderr, "after %s: %s\n", sAfter, sWrong.c_str());
-    std::abort();
+    std::vector<std::string> const aWrong = Score_Check();
+    for (std::string const& sWrong : aWrong)
+        std::fprintf(stderr, "after %s: %s\n", sAfter, sWrong.c_str());
+    if (!aWrong.empty())
+        std::abort();
 }
 
 extern "C" int LLVMFuzzerTestOneInput(uint8_t const* pBytes, size_t cb)
