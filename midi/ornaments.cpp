@@ -1,6 +1,7 @@
 // Rolls and bowed triplets. At each point the note that ends goes into the list ahead of the one that begins.
 #include "midi/ornaments.h"
 
+#include "core/text.h"
 #include "midi/play_list.h"
 
 namespace zarn
@@ -11,11 +12,11 @@ static void Change(PlayRecords& records, PlayRecord const& record, int32_t lOffA
                    int32_t lTo)
 {
     PlayRecord change = record;
-    change.lTime = record.lTime + lOffAt;
+    change.lTime = Clamp32(int64_t{record.lTime} + lOffAt);
     change.lNote = lFrom;
     change.lVolume = 0;
     AddPlayRecord(records, change);
-    change.lTime = record.lTime + lOnAt;
+    change.lTime = Clamp32(int64_t{record.lTime} + lOnAt);
     change.lNote = lTo;
     change.lVolume = record.lVolume;
     AddPlayRecord(records, change);
@@ -38,8 +39,8 @@ void AddOrnament(PlayRecords& records, PlayRecord const& record, int32_t lStyle,
         }
         return;
     }
-    int32_t const lAbove = lStyle == ORNAMENT_SEMITONE ? lNote + 1 : lUp;
-    int32_t const lBelow = lStyle == ORNAMENT_SEMITONE ? lNote - 1 : lDown;
+    int32_t const lAbove = lStyle == ORNAMENT_SEMITONE ? Wrap_Add(lNote, 1) : lUp;
+    int32_t const lBelow = lStyle == ORNAMENT_SEMITONE ? Wrap_Sub(lNote, 1) : lDown;
     int32_t const aTurn[] = {lNote, lAbove, lNote, lBelow, lNote};
     for (int64_t k = 1; k <= 4; ++k)
     {

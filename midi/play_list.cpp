@@ -24,7 +24,12 @@ constexpr int32_t lMillisecondsAMinute = 60000;
 constexpr int32_t lProgramAtStart = 1;
 constexpr int32_t lTempoAtStart = 500;      ///< milliseconds a crotchet
 constexpr int64_t lNeverStarts = 0x7FFFFFF; ///< a start point behind everything: length without sound
-constexpr int32_t lDeepestRepeat = 30;      ///< 2 to this power passes are beyond any list's end
+
+/// Symbols that one play may visit: beyond what a list of the longest length needs.
+constexpr int64_t cMostSteps = int64_t{4} * cMostPlayRecords;
+/// A repeat inside so many others is passed more often than cMostSteps allows, so going deeper would change nothing.
+constexpr int32_t lDeepestRepeat = 24;
+static_assert(int64_t{1} << lDeepestRepeat > cMostSteps);
 
 enum class Pass : int32_t
 {
@@ -60,6 +65,18 @@ public:
         Build(section, Pass::OUTSIDE, lStart, 0);
     }
 
+    /// The whole staff for its pitches: what ends a play, a repeat's end that has no start, doesn't end the notes.
+    void WholeStaff(int32_t lStaff)
+    {
+        Section section;
+        section.pel = StaffFirst(lStaff);
+        while (section.pel && !bTooLong)
+        {
+            Build(section, Pass::OUTSIDE, 0, 0);
+            section.pel = Next(section.pel);
+        }
+    }
+
     /// Pitches alone, each symbol once and in order.
     void StaffOnce(int32_t lStaff)
     {
@@ -88,6 +105,9 @@ private:
         if (pRecords)
             AddPlayRecord(*pRecords, record);
     }
+
+    /// The channel of what stands on a staff; a record from a file may claim any staff.
+    static int32_t Channel(Element const* pel) { return std::clamp(pel->lStaff, 0, lHighestStaff); }
 
     static int32_t Midi(Section const& section, int32_t lDiaPitch)
     {
@@ -252,12 +272,12 @@ private:
             return;
         PlayRecord record;
         record.lTime = Clamp32(lOnset);
-        record.lVolume = pel->lB;
+        record.lVolume = std::clamp(pel->lB, 0, lHighestMidiValue);
         record.lNote = pel->lPitch;
-        record.lChannel = pel->lStaff;
+        record.lChannel = Channel(pel);
         if (pel->lA & fOrnament)
             AddOrnament(*pRecords, record, lOrnamentStyle, Clamp32(lLength - (lOnset - lTimeNote)),
-                        Midi(section, pel->lDiaPitch + 1), Midi(section, pel->lDiaPitch - 1));
+                        Midi(section, Wrap_Add(pel->lDiaPitch, 1)), Midi(section, Wrap_Sub(pel->lDiaPitch, 1)));
         else if ((pel->lA & fTiedFrom) == 0)
             Emit(record);
         if (pel->lA & fTiedOn)
@@ -280,7 +300,7 @@ private:
     {
         PlayRecord record;
         record.lTime = Clamp32(lTime);
-        record.lChannel = pel->lStaff;
+        record.lChannel = Channel(pel);
         return record;
     }
 
@@ -299,7 +319,7 @@ private:
     void Program(Element const* pel, int64_t lTime)
     {
         PlayRecord record = Marker(pel, lTime);
-        record.lProgram = pel->lA;
+        record.lProgram = std::clamp(pel->lA, 0, lHighestMidiValue);
         record.lVolume = -1;
         Emit(record);
     }
@@ -335,9 +355,6 @@ void AddPreamble(PlayRecords& records, int32_t lStaff, int32_t lProgram)
 }
 
 bool EarlierTime(PlayRecord const& a, PlayRecord const& b) { return a.lTime < b.lTime; }
-
-/// Work that a list of the longest length can't exceed by much.
-constexpr int64_t cMostSteps = int64_t{4} * cMostPlayRecords;
 } // namespace
 
 int32_t MidiAtPosition(int32_t lDiaPitch, int32_t lTranspose, int32_t lKey, AccidentalSet const& aSharps,
@@ -352,6 +369,8 @@ int32_t BuildPlayList(List* plistPlay, int32_t lLastStaff, int32_t lStart, PlayS
 {
     if (!*plistPlay)
         *plistPlay = List_Create();
+    if (!*plistPlay)
+        return 0;
     PlayRecords records;
     for (auto* p = List_FirstAs<PlayRecord>(*plistPlay); p; p = List_NextAs(p))
         records.push_back(*p);
@@ -374,15 +393,17 @@ int32_t BuildPlayList(List* plistPlay, int32_t lLastStaff, int32_t lStart, PlayS
         List_AddLast(*plistPlay, &record, sizeof record);
     if (builder.IsTooLong())
         Serious("The repeats in this score make it too long: what lies beyond 2,000,000 events is left out.");
-    return !builder.IsTooLong();
+    return List_IsHealthy(*plistPlay);
 }
 
-void RefreshStaffPitches(int32_t lStaff)
+/// The same walk over one staff with no records, whatever its repeats are.
+static void RefreshStaffPitches(int32_t lStaff)
 {
-    // Every repeat is walked twice, one inside another four times; what goes beyond that many visits is no music.
-    constexpr int64_t lVisits = 16;
+    // Every repeat is walked twice, one inside another four times, one without an end thrice; what goes beyond that
+    // many visits is no music, and its notes are told their pitches in plain order.
+    constexpr int64_t lVisits = 64;
     Builder builder(PlayStyle{}, nullptr, lVisits * (List_Card(aStaffList[lStaff]) + 1));
-    builder.Staff(lStaff, 0);
+    builder.WholeStaff(lStaff);
     if (builder.IsTooLong())
         builder.StaffOnce(lStaff);
 }

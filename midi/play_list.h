@@ -52,11 +52,8 @@ private:
                                      AccidentalSet const& aNaturals, AccidentalSet const& aFlats);
 
 /// Appends to listPlay, sorted by time, what the staffs 0 to lLastStaff sound whose flag in afPlayed (nine flags) is
-/// on, from lStart ticks on. Every NOTE's lPitch is brought up to date on the way. listPlay is made when it is null. 1,
-/// or 0 when the list was too long; the user has been told.
+/// on, from lStart ticks on. Every NOTE's lPitch is brought up to date on the way. listPlay is made when it is null. A
+/// list that reaches cMostPlayRecords ends there, and the user is told. 1, or 0 when memory ran out.
 int32_t BuildPlayList(List* plistPlay, int32_t lLastStaff, int32_t lStart, PlayStyle const& style,
                       int32_t const* afPlayed);
-
-/// The same walk over one staff with its records thrown away: lPitch of every note, whatever the repeats are.
-void RefreshStaffPitches(int32_t lStaff);
 } // namespace zarn

@@ -25,5 +25,12 @@ struct PlayRecord
 /// each behind the last record that isn't later would give, without its walk back over other staffs.
 using PlayRecords = std::vector<PlayRecord>;
 
-inline void AddPlayRecord(PlayRecords& records, PlayRecord const& record) { records.push_back(record); }
+constexpr int32_t lHighestMidiValue = 127; ///< of a note, a program or a velocity
+
+/// A note that MIDI has no number for makes no sound: it is left out.
+inline void AddPlayRecord(PlayRecords& records, PlayRecord const& record)
+{
+    if (record.lNote >= -1 && record.lNote <= lHighestMidiValue)
+        records.push_back(record);
+}
 } // namespace zarn

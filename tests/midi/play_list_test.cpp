@@ -1,9 +1,11 @@
 #include "midi/play_list.h"
 
+#include "core/messages.h"
 #include "core/pitch.h"
 #include "core/text.h"
 #include "midi/refresh_pitches.h"
 #include "midi/score_times.h"
+#include "support/random_score.h"
 #include "support/score_text.h"
 #include "support/scripted_process.h"
 
@@ -69,6 +71,17 @@ protected:
         Write(1, sScore);
         Build(style, lStart);
         return Events();
+    }
+
+    static std::string Nested(int32_t lDeep, std::string const& sInside)
+    {
+        std::string s;
+        for (int32_t n = 0; n < lDeep; ++n)
+            s += "|: ";
+        s += sInside;
+        for (int32_t n = 0; n < lDeep; ++n)
+            s += " :|";
+        return s;
     }
 
     ScriptedProcess process;
@@ -220,7 +233,7 @@ TEST_F(PlayListTest, OrderIsThatOfInsertingBehindTheLastThatIsNotLater)
             Write(lStaff, Format("n%d/%d", static_cast<int>(random() % 15), static_cast<int>(random() % 4 * 12)));
     Build();
     // The plain rule, on the records of each staff in turn.
-    List const listAll = std::exchange(listPlay, nullptr);
+    List listAll = std::exchange(listPlay, nullptr);
     std::vector<PlayRecord> plain;
     for (int32_t lStaff = 1; lStaff <= 8; ++lStaff)
     {
@@ -240,20 +253,164 @@ TEST_F(PlayListTest, OrderIsThatOfInsertingBehindTheLastThatIsNotLater)
     for (auto const* p = List_FirstAs<PlayRecord>(listAll); p; p = List_NextAs(p), ++n)
         ASSERT_EQ(*p, plain[n]) << n;
     EXPECT_EQ(n, plain.size());
-    List_Destroy(&const_cast<List&>(listAll));
+    List_Destroy(&listAll);
 }
 
-TEST_F(PlayListTest, RepeatsInsideRepeatsEndWithOneSentence)
+TEST_F(PlayListTest, AListOfTheLongestLengthIsKeptAndTheUserToldOnce)
 {
-    std::string sScore;
-    for (int32_t n = 0; n < 28; ++n)
-        sScore += "|: ";
-    sScore += "n0/48";
-    for (int32_t n = 0; n < 28; ++n)
-        sScore += " :|";
-    Played(sScore);
+    Played(Nested(21, "n0/48 n1/48"));
+    EXPECT_GE(List_Card(listPlay), cMostPlayRecords);
     EXPECT_LE(List_Card(listPlay), cMostPlayRecords + 10);
+    EXPECT_EQ(process.user.Messages(),
+              std::vector<std::string>{
+                  "The repeats in this score make it too long: what lies beyond 2,000,000 events is left out."});
+}
+
+TEST_F(PlayListTest, RepeatsTooDeepForAnyListEndAtOnce)
+{
+    Write(1, Nested(10'000, "n0/48"));
+    EXPECT_EQ(BuildPlayList(&listPlay, 8, 0, {}, afPlay), 1);
     EXPECT_EQ(process.user.shown.size(), 1u);
+    Serious_Rearm();
+    RefreshPitches(8);
+    EXPECT_EQ(process.user.shown.size(), 1u) << "a refresh loses nothing, and says nothing";
+}
+
+TEST_F(PlayListTest, AnyFieldsAtAllGiveAListInOrder)
+{
+    std::mt19937 random(11);
+    for (int32_t lRound = 0; lRound < 20; ++lRound)
+    {
+        Score_EmptyStaffs();
+        for (int32_t lStaff = 1; lStaff <= 8; ++lStaff)
+            WriteHostileStaff(random, lStaff, 100);
+        if (listPlay)
+            List_Clear(listPlay);
+        BuildPlayList(&listPlay, 8, static_cast<int32_t>(random()),
+                      {static_cast<int32_t>(random()), static_cast<int32_t>(random()), 48, true, true}, afPlay);
+        RefreshPitches(8);
+        int32_t lTime = -1;
+        for (auto const* p = List_FirstAs<PlayRecord>(listPlay); p; p = List_NextAs(p))
+        {
+            ASSERT_LE(lTime, p->lTime);
+            lTime = p->lTime;
+            ASSERT_TRUE(p->lNote >= -1 && p->lNote <= 127 && p->lVolume >= -1 && p->lVolume <= 127);
+            ASSERT_TRUE(p->lChannel >= 0 && p->lChannel <= 8 && p->lProgram >= -1 && p->lProgram <= 127);
+        }
+    }
+}
+
+TEST_F(PlayListTest, ARefreshStoresThePitchesThatABuildStoresAndReachesTheOthersToo)
+{
+    constexpr int32_t lUntouched = -5;
+    auto const forget = []
+    {
+        for (Element* pel = StaffFirst(1); pel; pel = Next(pel))
+            pel->lPitch = lUntouched;
+    };
+    std::mt19937 random(12);
+    for (int32_t lRound = 0; lRound < 50; ++lRound)
+    {
+        Score_EmptyStaffs();
+        WriteRandomStaff(random, 1, 200);
+        // Deeper nests are beyond what a refresh unfolds, and a first-time bar that swallows whole repeats leaves the
+        // play with less behind it than the staff holds.
+        int32_t lStarts = 0;
+        for (Element* pel = StaffFirst(1); pel; pel = Next(pel))
+            if (pel->sort == REPEATFIRST || (pel->sort == REPEATSTART && ++lStarts > 3))
+                pel->sort = DOUBLEBAR;
+        forget();
+        Build();
+        std::vector<int32_t> built;
+        for (Element const* pel = StaffFirst(1); pel; pel = Next(pel))
+            built.push_back(pel->lPitch);
+        forget();
+        RefreshPitches(1);
+        size_t n = 0;
+        for (Element const* pel = StaffFirst(1); pel; pel = Next(pel), ++n)
+        {
+            if (built[n] != lUntouched)
+            {
+                ASSERT_EQ(pel->lPitch, built[n]);
+            }
+            ASSERT_EQ(pel->lPitch != lUntouched, pel->sort == NOTE);
+        }
+    }
+}
+
+TEST_F(PlayListTest, ARefreshGoesOnBehindAnEndThatEndsThePlay)
+{
+    Write(1, "key:1 n3/48 :| n3/48 :| n3/48");
+    RefreshPitches(1);
+    EXPECT_EQ(Column(1, &Element::lPitch), "64 66 64 66 64 66");
+}
+
+TEST_F(PlayListTest, ARefreshKnowsThatAFirstTimeBarIsLeftOutTheSecondTime)
+{
+    Write(1, "key:1 |: n3/48 1st key:0 n3/48 :| n3/48");
+    RefreshPitches(1);
+    EXPECT_EQ(At(1, 2)->lPitch, 66);
+    EXPECT_EQ(At(1, 5)->lPitch, 65);
+    EXPECT_EQ(At(1, 7)->lPitch, 66);
+}
+
+TEST_F(PlayListTest, AMissingEndOfARepeatIsToldAndTheSectionPlaysOn)
+{
+    // A pass that runs off the staff leaves the time at its start, so the second one makes no sound; the staff then
+    // goes on behind the element at which the section began.
+    Played("|: n0/48 n1/48");
+    EXPECT_EQ(process.user.Messages(), std::vector<std::string>{"Missing end-repeat"});
+    EXPECT_EQ(Events(), "0:60 47:-60 48:62 48:62 95:-62 95:-62");
+}
+
+TEST_F(PlayListTest, AnEndWithNoStartEndsTheStaff) { EXPECT_EQ(Played("n0/48 :| n1/48"), "0:60 47:-60"); }
+
+TEST_F(PlayListTest, ThreeSlashesPlayOneChordThreeTimes)
+{
+    EXPECT_EQ(Played("chord\"C\" r48 chord\"/\" r48 chord\"/\""),
+              "0:48 0:52 0:55 48:-48 48:-52 48:-55 48:48 48:52 48:55 48:rest 96:-48 96:-52 96:-55 96:48 96:52 96:55");
+}
+
+TEST_F(PlayListTest, AnUnknownChordIsSilenceAndSoIsTheSlashBehindIt)
+{
+    EXPECT_EQ(Played("chord\"C\" r48 chord\"Xyz\" r48 chord\"/\" r48"),
+              "0:48 0:52 0:55 48:-48 48:-52 48:-55 48:rest 96:rest");
+    EXPECT_EQ(lLastChordKind, -1);
+}
+
+TEST_F(PlayListTest, GuitarChordsGoOutOnChannelOneAtTheirOwnVolume)
+{
+    Write(3, "chord\"C\" n0/48");
+    Build();
+    auto const* p = List_FirstAs<PlayRecord>(listPlay);
+    while (p->lTime < 0)
+        p = List_NextAs(p);
+    EXPECT_EQ(*p, (PlayRecord{0, lNotSent, 48, 48, 1, -1, -1}));
+}
+
+TEST_F(PlayListTest, AnOrnamentStrikesATiedNoteAgain)
+{
+    lOrnamentStyle = ORNAMENT_NONE;
+    EXPECT_EQ(Played("n0/48/flag=1 tie n0/48/flag=34"), "0:60 48:60 95:-60");
+}
+
+TEST_F(PlayListTest, AnOrnamentOnTooShortANoteIsPlayedPlain) { EXPECT_EQ(Played("n0/9/flag=32"), "0:60 8:-60"); }
+
+TEST_F(PlayListTest, StaccatoSoundsAThird) { EXPECT_EQ(Played("n0/48/flag=64"), "0:60 15:-60"); }
+
+TEST_F(PlayListTest, NotesBeyondMidiMakeNoSoundAndKeepTheirPitch)
+{
+    EXPECT_EQ(Played("n60/48 n0/48"), "48:60 95:-60");
+    EXPECT_GT(At(1, 0)->lPitch, 127);
+}
+
+TEST_F(PlayListTest, AnAccidentalFarFromMiddleCBindsModulo32)
+{
+    AccidentalSet sharps;
+    sharps.Set(-33);
+    EXPECT_TRUE(sharps.Has(-1));
+    EXPECT_FALSE(sharps.Has(1));
+    EXPECT_EQ(MidiAtPosition(-1, 0, 0, sharps, {}, {}), 60);
 }
 
 TEST_F(PlayListTest, RefreshingPitchesEndsWhateverTheRepeatsAre)
