@@ -25,18 +25,16 @@ namespace zarn
 constexpr int32_t lTrebleClef = 1;
 constexpr int32_t lKeyOfC = 0;
 
-static void SaveAnd(int32_t lCommand) { (void)SaveFile(hwndMain, lCommand); }
+void SaveCommand() { (void)SaveFile(hwndMain, COMMAND_SAVE); }
 
-void SaveCommand() { SaveAnd(COMMAND_SAVE); }
-
-void SaveAsCommand() { SaveAnd(COMMAND_SAVEAS); }
+void SaveAsCommand() { (void)SaveFile(hwndMain, COMMAND_SAVEAS); }
 
 /// What the user wants to happen to unsaved music.
 enum class Unsaved
 {
-    KEEP,       ///< the command is called off
-    GIVE_UP,    ///< there is none, it was saved, or the user doesn't want it
-    NOT_WRITTEN ///< saving was wanted and failed
+    KEEP,        ///< the command is called off
+    GIVE_UP,     ///< there is none, it was saved, or the user doesn't want it
+    NOT_WRITTEN, ///< saving was wanted and failed
 };
 
 static Unsaved AskAboutUnsaved()
