@@ -47,6 +47,13 @@ int32_t AtStart(PageSetting const& setting)
 
 void Repaint() { InvalidateRect(hwndMain); }
 
+/// The text font follows the units that a spacing command has set.
+void RenewFontAndRepaint()
+{
+    Font_Renew();
+    Repaint();
+}
+
 void AskMargin(PageSetting const& setting, void (*pSet)(int32_t lPerCent))
 {
     pSet(Ask(setting));
@@ -83,31 +90,31 @@ void RemoveNewlinesCommand()
 void StretchHorizCommand()
 {
     Stretch_Horiz();
-    Repaint();
+    RenewFontAndRepaint();
 }
 
 void SqueezeHorizCommand()
 {
     Squeeze_Horiz();
-    Repaint();
+    RenewFontAndRepaint();
 }
 
 void StretchVertCommand()
 {
     Stretch_Vert();
-    Repaint();
+    RenewFontAndRepaint();
 }
 
 void SqueezeVertCommand()
 {
     Squeeze_Vert();
-    Repaint();
+    RenewFontAndRepaint();
 }
 
 void ResetSpacingCommand()
 {
     Spacing_Reset();
-    Repaint();
+    RenewFontAndRepaint();
 }
 
 void StoreSpacing() { Spacing_SaveAsDefault(); }
