@@ -4,7 +4,7 @@
 #include "core/score.h"
 #include "core/settings.h"
 #include "edit/current_symbol.h"
-#include "midi/play_list.h"
+#include "midi/guitar_chords.h"
 #include "render/geometry.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 #include "edit/new_score.h"
 
 #include "core/score.h"
-#include "midi/play_list.h"
+#include "midi/guitar_chords.h"
 #include "render/geometry.h"
 #include "support/score_text.h"
 #include "support/scripted_process.h"
