@@ -2,6 +2,7 @@
 #include "abc/abc_index.h"
 #include "abc/abc_reader.h"
 #include "core/messages.h"
+#include "core/score.h"
 #include "core/score_check.h"
 #include "edit/new_score.h"
 #include "file/native.h"
