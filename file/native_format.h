@@ -50,11 +50,11 @@ enum NativeOffset : int32_t
     AT_DIAPITCH = 26, ///< 2 bytes, signed
     AT_A = 28,        ///< 4 bytes
     AT_B = 32,        ///< 4 bytes
-    AT_SORT = 36,     ///< 1 byte, unsigned, and so the four behind it
-    AT_BEAM = 37,     //
-    AT_UP = 38,       //
-    AT_OVERBAR = 39,  //
-    AT_HIDDEN = 40,   //
+    AT_SORT = 36,     ///< 1 byte, unsigned
+    AT_BEAM = 37,     ///< likewise
+    AT_UP = 38,       ///< likewise
+    AT_OVERBAR = 39,  ///< likewise
+    AT_HIDDEN = 40,   ///< likewise
     cbNativeRecord = 41
 };
 

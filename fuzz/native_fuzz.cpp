@@ -72,12 +72,13 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const* pBytes, size_t cb)
     FullAdjust();
     ExpectSound("adjusted");
     ForgetEmptyFingerings();
-    // The first file written may hold device positions of a stage that its own header doesn't ask for, so it is the
-    // second and third that must agree.
-    if (!Load(Save()))
-        std::abort();
-    std::string const sSecond = Save();
-    if (!Load(sSecond) || Save() != sSecond)
+    // The first file written may hold device positions of a stage that its own header doesn't ask for, the second a
+    // chord put in order anew, whose notes then take over a fingering: from the third on nothing changes any more.
+    for (int32_t i = 0; i < 2; ++i)
+        if (!Load(Save()))
+            std::abort();
+    std::string const sThird = Save();
+    if (!Load(sThird) || Save() != sThird)
         std::abort();
     ExpectSound("read again");
     Score_EmptyStaffs();

@@ -17,8 +17,11 @@ constexpr int32_t FILE_BEGIN = 0;
 constexpr int32_t FILE_CURRENT = 1;
 constexpr int32_t FILE_END = 2;
 
-[[nodiscard]] HFILE _lopen(std::string_view szPath); ///< to read; null when there is no such file, or it is a directory
-[[nodiscard]] HFILE _lcreat(std::string_view szPath); ///< to write
+/// To read; null when it can't be read, or is no plain file (a folder, a pipe).
+[[nodiscard]] HFILE _lopen(std::string_view szPath);
+/// To write, and to seek in; null when it can't be replaced, or is a folder. A link stays and leads to the new file.
+/// What can't be replaced, such as a terminal or /dev/null, is written as it stands.
+[[nodiscard]] HFILE _lcreat(std::string_view szPath);
 /// Up to cb bytes; gives how many came, 0 at the end, -1 on failure or for a negative cb. Reads are buffered.
 int32_t _lread(HFILE hFile, void* pBytes, int32_t cb);
 /// Gives how many went out; -1 on failure or for a negative cb. Writes are buffered, so the disk may fail later.
@@ -28,6 +31,7 @@ int32_t _llseek(HFILE hFile, int32_t lOffset, int32_t lFrom); ///< the new place
 bool _lclose(HFILE hFile);
 bool DeleteFileA(std::string_view szPath);
 bool MoveFileA(std::string_view szFrom, std::string_view szTo); ///< false when the target is there
+/// Makes an empty file with a name that begins with the prefix; empty when it can't be made. szDirectory empty: here.
 [[nodiscard]] std::string GetTempFileNameA(std::string_view szDirectory, std::string_view szPrefix);
 
 /// A file that is read from bytes in memory, for tests and fuzzers; the bytes must outlive it.
