@@ -4,7 +4,6 @@
 #include "core/messages.h"
 #include "edit/insert_run.h"
 
-#include <algorithm>
 #include <cstring>
 
 namespace zarn
@@ -55,8 +54,7 @@ void Text_AddAtInsertPoint(std::string_view sText, int32_t lLen, int32_t sort, b
     if (!pel)
         return;
     *pel = el;
-    size_t const cch = std::min(sText.size(), static_cast<size_t>(lLen));
-    std::memcpy(Element_TextBytes(pel), sText.data(), cch);
+    sText.copy(Element_TextBytes(pel), static_cast<size_t>(lLen));
     InsertPoint_Advance();
 }
 } // namespace zarn

@@ -281,6 +281,11 @@ TEST_F(AbcTune, AFileWithoutALastLineEndIsReadToItsEnd)
     EXPECT_EQ(Staff("X:1\nK:C\nA2B"), "title\"\" clef:1 time:4/4 n5/48 n6/24 nl");
 }
 
+TEST_F(AbcTune, AHarmonySignThatEndsALineIsAnEmptyHarmony)
+{
+    EXPECT_EQ(Staff("X:1\nK:C\nA\""), "title\"\" clef:1 time:4/4 n5/24 chord\"\" nl");
+}
+
 TEST_F(AbcTune, AnyCutOfAFileIsRead)
 {
     std::string const sText =
