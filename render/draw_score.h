@@ -1,7 +1,7 @@
 /// Painting the Score, or a range of it.
 #pragma once
-#include "core/score.h"
 #include "platform/user.h"
+#include "render/symbols.h"
 
 namespace zarn
 {
@@ -10,6 +10,7 @@ namespace zarn
 bool DrawScore(HDC hdc, HWND hwnd, int32_t lFromStrX, int32_t lToStrX);
 /// Paints what lies on the page.
 void DrawVisible(HDC hdc, HWND hwnd);
-/// One element, under its clef. bCursor: it goes into the cursor bitmap.
-int32_t DrawSymbol(HDC hdc, HWND hwnd, Element* pel, int32_t lClef, bool bCursor);
+/// The columns that lie on the page between two heights in pixels: plFrom the first of the line where the page begins,
+/// plTo that of the first line below its foot.
+void VisibleRange(int32_t lYFoot, int32_t lYHead, int32_t* plTo, int32_t* plFrom);
 } // namespace zarn

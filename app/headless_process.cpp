@@ -1,0 +1,27 @@
+// The host of a conversion, from its start to its end.
+#include "app/headless_process.h"
+
+#include "abc/abc_reader.h"
+#include "app/terminal.h"
+#include "shell/startup.h"
+
+namespace zarn
+{
+HeadlessProcess::HeadlessProcess(int32_t lWidth, int32_t lHeight)
+{
+    user.pOnShown = Terminal_Shown;
+    host = Host{};
+    host.pUser = &user;
+    host.pSettings = &settings;
+    bAbcListing = false;
+    pOnAbcComplaint = Terminal_Complaint;
+    Score_StartUp();
+    Page_StartUp(lWidth, lHeight);
+}
+
+HeadlessProcess::~HeadlessProcess()
+{
+    ShutDown();
+    host = Host{};
+}
+} // namespace zarn

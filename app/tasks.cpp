@@ -1,0 +1,158 @@
+// Conversions, checks and listings: read, do one thing, tell.
+#include "app/tasks.h"
+
+#include "abc/abc_index.h"
+#include "app/headless_process.h"
+#include "app/terminal.h"
+#include "app/tunes.h"
+#include "core/score.h"
+#include "core/score_check.h"
+#include "core/text.h"
+#include "layout/adjust.h"
+#include "platform/headless/replay.h"
+#include "shell/door.h"
+#include "shell/load.h"
+#include "shell/startup.h"
+
+#include <cstdio>
+
+namespace zarn
+{
+/// Reads a file, or one tune of it, and lays it out again when the options say so.
+static bool ReadScore(std::string const& szPath, int32_t lTune, Options const& options)
+{
+    szTerminalFile = szPath;
+    std::string sError;
+    if (!LoadForExport(szPath, lTune, &sError))
+    {
+        Terminal_Error(sError);
+        return false;
+    }
+    if (options.bAdjust)
+        FullAdjust();
+    if (options.bMiniAdjust)
+        MiniAdjust();
+    return true;
+}
+
+static ExportFormat FormatOf(Options const& options)
+{
+    return {options.lWidth, options.lHeight, options.lPage, options.lDpi, szAbcTune};
+}
+
+int32_t Task_Export(Options const& options, DocumentMaker pMaker)
+{
+    HeadlessProcess const process(options.lWidth, options.lHeight);
+    std::string const& szPath = options.aFiles[0];
+    szTerminalFile = szPath;
+    auto const aTunes = Tunes_Wanted(szPath, options);
+    if (!aTunes)
+        return lStatusFailed;
+    int32_t lStatus = lStatusGood;
+    for (Tune const& tune : *aTunes)
+    {
+        std::string const szOutput =
+            options.bAllTunes && tune.lNumber >= 0 ? Tune_OutputPath(options.sOutput, tune) : options.sOutput;
+        if (!ReadScore(szPath, tune.lNumber, options) || !Export_Write(szOutput, FormatOf(options), pMaker))
+            lStatus = lStatusFailed;
+    }
+    return lStatus;
+}
+
+/// Reads one tune and tells what is wrong with it; errors and complaints are counted by the terminal.
+static void CheckTune(std::string const& szPath, Tune const& tune, Options const& options)
+{
+    if (!ReadScore(szPath, tune.lNumber, options))
+        return;
+    for (std::string const& sComplaint : Score_Check())
+        Terminal_Error(tune.lNumber < 0 ? sComplaint : Format("X:%d: %s", tune.lNumber, sComplaint.c_str()));
+}
+
+int32_t Task_Check(Options const& options)
+{
+    HeadlessProcess const process(options.lWidth, options.lHeight);
+    Options all = options;
+    all.bAllTunes = options.lTune < 0;
+    for (std::string const& szPath : options.aFiles)
+    {
+        szTerminalFile = szPath;
+        // A file without a numbered tune is read as it stands, and complains for itself.
+        auto aTunes = Tunes_Wanted(szPath, all);
+        if (aTunes)
+            for (Tune const& tune : *aTunes)
+                CheckTune(szPath, tune, options);
+    }
+    return cTerminalErrors || cTerminalComplaints ? lStatusFailed : lStatusGood;
+}
+
+int32_t Task_Dump(Options const& options)
+{
+    HeadlessProcess const process(options.lWidth, options.lHeight);
+    szTerminalFile = options.aFiles[0];
+    auto const aTunes = Tunes_Wanted(options.aFiles[0], options);
+    if (!aTunes || !ReadScore(options.aFiles[0], aTunes->front().lNumber, options))
+        return lStatusFailed;
+    pDebugLogSink = [](std::string_view sText) { std::fwrite(sText.data(), 1, sText.size(), stdout); };
+    Score_Dump("Score Dump (as requested)\r\n");
+    pDebugLogSink = nullptr;
+    return lStatusGood;
+}
+
+int32_t Task_List(Options const& options)
+{
+    HeadlessProcess const process(options.lWidth, options.lHeight);
+    szTerminalFile = options.aFiles[0];
+    HFILE const hFile = _lopen(options.aFiles[0]);
+    if (!hFile)
+    {
+        Terminal_Error("the file can't be opened");
+        return lStatusFailed;
+    }
+    auto const aRows = Abc_ListTunes(hFile);
+    _lclose(hFile);
+    for (AbcTuneRow const& row : aRows)
+        std::printf("%s\n", row.sRow.c_str());
+    if (aRows.empty())
+        Terminal_Error("there is no tune in the file");
+    return aRows.empty() || cTerminalErrors ? lStatusFailed : lStatusGood;
+}
+
+static bool ReadJournal(std::string const& szPath, std::string* psJournal)
+{
+    HFILE const hFile = _lopen(szPath);
+    if (!hFile)
+        return false;
+    char aBytes[1 << 16];
+    int32_t cb = 0;
+    while ((cb = _lread(hFile, aBytes, sizeof aBytes)) > 0)
+        psJournal->append(aBytes, static_cast<size_t>(cb));
+    _lclose(hFile);
+    return cb == 0;
+}
+
+int32_t Task_Replay(Options const& options, DocumentMaker pMaker)
+{
+    szTerminalFile = options.sJournal;
+    std::string sJournal;
+    if (!ReadJournal(options.sJournal, &sJournal))
+    {
+        Terminal_Error("the journal can't be opened");
+        return lStatusFailed;
+    }
+    HeadlessProcess process(options.lWidth, options.lHeight);
+    process.user.pOnShown = nullptr; // the replay tells in its own words
+    ShellDoor door;
+    host.pDoor = &door;
+    if (!StartUp(options.aFiles.empty() ? std::string() : options.aFiles[0]))
+    {
+        Terminal_Error("the editor can't be started");
+        return lStatusFailed;
+    }
+    int32_t lStatus = Replay_Play(sJournal, process.user,
+                                  [](std::string_view sLine)
+                                  { std::fprintf(stderr, "%.*s\n", static_cast<int>(sLine.size()), sLine.data()); });
+    if (!options.sOutput.empty() && !Export_Write(options.sOutput, FormatOf(options), pMaker))
+        lStatus = lStatusFailed;
+    return lStatus;
+}
+} // namespace zarn

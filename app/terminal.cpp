@@ -1,0 +1,68 @@
+// Messages of a conversion, one line each.
+#include "app/terminal.h"
+
+#include <cstdio>
+
+namespace zarn
+{
+/// Line ends would make two messages of one.
+static std::string OneLine(std::string_view sText)
+{
+    std::string s;
+    for (char const c : sText)
+    {
+        if (c == '\r' || c == '\n')
+        {
+            if (!s.empty() && s.back() != ' ')
+                s += ' ';
+        }
+        else
+            s += c;
+    }
+    while (!s.empty() && s.back() == ' ')
+        s.pop_back();
+    return s;
+}
+
+static void Tell(std::string_view sText)
+{
+    std::string const sLine = OneLine(sText);
+    if (szTerminalFile.empty())
+        std::fprintf(stderr, "zarn: %s\n", sLine.c_str());
+    else
+        std::fprintf(stderr, "zarn: %s: %s\n", szTerminalFile.c_str(), sLine.c_str());
+}
+
+void Terminal_Error(std::string_view sText)
+{
+    ++cTerminalErrors;
+    Tell(sText);
+}
+
+void Terminal_Note(std::string_view sText)
+{
+    if (!bTerminalQuiet)
+        Tell(sText);
+}
+
+void Terminal_Shown(Shown const& shown)
+{
+    if (!shown.sAnswer.empty())
+        Terminal_Note(shown.sText + " -> " + shown.sAnswer);
+    else if (shown.lFlags & MB_ICONSTOP)
+        Terminal_Error(shown.sText);
+    else
+    {
+        ++cTerminalComplaints;
+        Terminal_Note(shown.sText);
+    }
+}
+
+void Terminal_Complaint(AbcComplaint const& complaint)
+{
+    ++cTerminalComplaints;
+    if (!bTerminalQuiet)
+        std::fprintf(stderr, "%s:%d:%d: %s\n", szTerminalFile.c_str(), complaint.lLine, complaint.lColumn,
+                     OneLine(complaint.sText).c_str());
+}
+} // namespace zarn

@@ -1,0 +1,32 @@
+// The score's font: bold, and sized by the grid's units once a scale is known.
+#include "render/font.h"
+
+#include "core/settings.h"
+#include "core/text.h"
+#include "render/geometry.h"
+
+namespace zarn
+{
+static HFONT hFont = nullptr;
+
+void Font_Select(HDC hdc)
+{
+    constexpr int32_t lBoldWeight = 700;
+    if (!hFont)
+    {
+        if (lFontScale == -1)
+            (void)LoadSetting(&lFontScale, "Font size scaling factor");
+        // Without a scale both come out as next to nothing, and the platform takes its default size.
+        hFont = CreateFontA(Clamp32(int64_t{yunit} * lFontScale * 4 / 100), Clamp32(int64_t{xunit} * lFontScale / 100),
+                            lBoldWeight);
+    }
+    if (hFont)
+        SelectObject(hdc, hFont);
+}
+
+void Font_Renew()
+{
+    DeleteObject(hFont);
+    hFont = nullptr;
+}
+} // namespace zarn

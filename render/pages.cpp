@@ -1,0 +1,160 @@
+// Pages.
+//
+// A page holds whole systems: it ends ahead of the first line of music that would reach below its foot. Each staff
+// keeps its place from page to page, and only what a page shows is folded for it, with what its ties, slurs and
+// first-time bars reach on the lines around; so all pages together cost one walk along the Score.
+#include "render/pages.h"
+
+#include "core/text.h"
+#include "layout/right_justify.h"
+#include "render/font.h"
+#include "render/geometry.h"
+#include "render/reach.h"
+#include "render/ruled_lines.h"
+#include "render/ruling.h"
+#include "render/staff_paint.h"
+
+#include <array>
+#include <limits>
+
+namespace zarn
+{
+namespace
+{
+constexpr int32_t lNoColumn = std::numeric_limits<int32_t>::max();
+
+class PageLoop
+{
+public:
+    PageLoop(PageSink& sink, PageFormat const& format) : sink(sink), format(format)
+    {
+        for (int32_t lStaff = 1; lStaff <= lHighestStaff; ++lStaff)
+            aPlace[lStaff].pel = IsVisible(lStaff) ? StaffFirst(lStaff) : nullptr;
+        aLineBefore = aPlace;
+    }
+
+    int32_t Run()
+    {
+        int32_t lPage = 0;
+        for (bool bMore = true; bMore;)
+        {
+            ++lPage;
+            int32_t const lTo = FindEnd();
+            bool const bWanted = !format.lOnlyPage || format.lOnlyPage == lPage;
+            if (bWanted && !Draw(lPage, lTo))
+                return lPage;
+            bMore = GoTo(lTo);
+            if (bMore)
+                lScroll = Clamp32(lScroll + int64_t{SystemHeight()} * (LineOf(lTo) - LineOf(lFrom)));
+            lFrom = lTo;
+        }
+        return lPage;
+    }
+
+private:
+    static int64_t LineOf(int32_t lStrX) { return lStrX / lColsPerLine; }
+
+    /// Folds from a place on for as long as the walk wants it.
+    template <typename Wanted>
+    static void Fold(StaffPlace place, Wanted wanted)
+    {
+        for (; place.pel && wanted(place.pel); place.Step())
+            Draw_FoldElement(place.pel, place.ClefHere());
+    }
+
+    static bool IsBelow(Element const* pel, int32_t lYFoot)
+    {
+        int32_t x = 0;
+        int32_t yBottomLine = 0;
+        Draw_Fold(pel->lStrX, 2, pel->lStaff, 1, &x, &yBottomLine);
+        return pel->lY > lYFoot || yBottomLine > lYFoot;
+    }
+
+    /// Folds the page, and gives the first column that isn't on it any more.
+    int32_t FindEnd()
+    {
+        int32_t const lYFoot = lTopMarginPx + lPageHeight;
+        int32_t lTo = lNoColumn;
+        for (StaffPlace const& place : aPlace)
+            for (StaffPlace at = place; at.pel && at.pel->lStrX < lTo; at.Step())
+            {
+                Draw_FoldElement(at.pel, at.ClefHere());
+                if (at.pel->lStrX >= lFrom && IsBelow(at.pel, lYFoot))
+                    lTo = LineStart(at.pel->lStrX);
+            }
+        // A system taller than the page has a page of its own.
+        return lTo > lFrom ? lTo : NextLine(lFrom);
+    }
+
+    bool Draw(int32_t lPage, int32_t lTo)
+    {
+        HDC const hdc = sink.StartPage(lPage);
+        if (!hdc)
+            return false;
+        RuledLines_Reset();
+        Font_Select(hdc);
+        SelectObject(hdc, GetStockObject(BLACK_BRUSH));
+        for (int32_t lStaff = 1; lStaff <= lHighestStaff; ++lStaff)
+        {
+            if (!IsVisible(lStaff))
+                continue;
+            FoldAround(lStaff, lTo);
+            if (bRightJustified)
+                RightJustifyStaff(aStaffList[lStaff]);
+            PaintStaff(hdc, nullptr, aPlace[lStaff], lFrom, lTo);
+            if (!StaffFirst(lStaff))
+                RuleLine(hdc, nullptr, 1);
+        }
+        sink.EndPage(hdc);
+        return true;
+    }
+
+    /// What the page's symbols reach beyond it.
+    void FoldAround(int32_t lStaff, int32_t lTo)
+    {
+        Element const* const pelHere = aPlace[lStaff].pel;
+        Fold(aLineBefore[lStaff], [pelHere](Element const* pel) { return pel != pelHere; });
+        int32_t lBehind = 0;
+        Fold(aPlace[lStaff], [&](Element const* pel) { return pel->lStrX < lTo || ++lBehind <= lLongestReach; });
+    }
+
+    /// Moves each staff on to lTo; true when something real is left.
+    bool GoTo(int32_t lTo)
+    {
+        bool bMore = false;
+        for (int32_t lStaff = 1; lStaff <= lHighestStaff; ++lStaff)
+        {
+            StaffPlace& place = aPlace[lStaff];
+            int32_t const lLastLine = lTo == lNoColumn ? lNoColumn : lTo - lColsPerLine;
+            for (bool bBefore = true; place.pel && place.pel->lStrX < lTo; place.Step())
+                if (bBefore && place.pel->lStrX >= lLastLine)
+                {
+                    aLineBefore[lStaff] = place;
+                    bBefore = false;
+                }
+            bMore = bMore || IsAnythingLeft(place.pel);
+        }
+        return bMore;
+    }
+
+    using Places = std::array<StaffPlace, lStaffLists>;
+
+    PageSink& sink;
+    PageFormat const& format;
+    Places aPlace;      ///< the first element of each staff that no page has shown yet
+    Places aLineBefore; ///< the first one on the line ahead of it
+    int32_t lFrom = 0;  ///< the page's first column
+};
+} // namespace
+
+int32_t DrawPages(PageSink& sink, PageFormat const& format)
+{
+    BeginPrintUnits(format.lWidth, format.lHeight, format.bStrong);
+    Font_Renew();
+    lScroll = 0;
+    int32_t const cPages = PageLoop(sink, format).Run();
+    EndPrintUnits();
+    Font_Renew();
+    return cPages;
+}
+} // namespace zarn
