@@ -1,0 +1,50 @@
+// Any commands in any order, with any numbers typed, leave a score that is whole.
+#include "core/score_check.h"
+#include "support/shell_fixture.h"
+
+#include <random>
+
+namespace zarn::test
+{
+namespace
+{
+struct RandomCommands : Shell
+{
+    std::mt19937 random{20261121};
+
+    int32_t Among(std::initializer_list<int32_t> values) { return values.begin()[random() % values.size()]; }
+    int32_t AnyNumber() { return Among({INT32_MIN, -100000, -50, -1, 0, 1, 5, 20, 60, 99, 120, 100000, INT32_MAX}); }
+};
+} // namespace
+
+TEST_F(RandomCommands, LeaveTheScoreWhole)
+{
+    Start();
+    for (int32_t n = 0; n < 20; ++n)
+        Write(
+            1,
+            "clef:1 key:2 time:4/4 n0/48 #3 [n2/24 n4/24] n6/24 r48 nl n3/48 chord\"Am\" n5/72 n1/24 time:3/4 key:-3");
+    Write(2, "clef:3 n-7/96 n-9/96 lyr\"a long syllable\" n-7/192");
+    for (int32_t n = 0; n < 400; ++n)
+    {
+        process.user.answers.clear();
+        AnswersNumber(AnyNumber());
+        switch (random() % 4)
+        {
+        case 0:
+            Send(EventKind::SIZE, 0, Among({0, 1, 100, 1200, 30000}), Among({0, 1, 100, 800, 30000}));
+            break;
+        case 1:
+            Send(EventKind::SCROLL, Among({0, 1, 2, 3, 4}), Among({-1, 0, 100, 5000}));
+            break;
+        default:
+            Command(Among({201, 202, 203, 215, 216, 220, 222, 227, 229, 230, 231, 232, 233, 234, 235,
+                           236, 301, 302, 309, 310, 315, 316, 317, 319, 321, 501, 502, 503, 508}));
+            break;
+        }
+        Update();
+        ASSERT_EQ(Score_Check(), std::vector<std::string>()) << "step " << n;
+        ASSERT_GE(lScroll, 0);
+    }
+}
+} // namespace zarn::test
