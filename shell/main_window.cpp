@@ -22,6 +22,7 @@ void ScorePainter::Paint(HWND hwnd, HDC hdc)
         return;
     SIZE const size = hwnd->ClientSize();
     FillRect(hdc, {0, 0, size.cx, size.cy}, GetStockObject(WHITE_BRUSH));
+    SelectObject(hdc, GetStockObject(BLACK_BRUSH));
     Font_Select(hdc);
     DrawVisible(hdc, hwnd);
 }

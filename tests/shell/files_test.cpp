@@ -9,7 +9,7 @@ namespace
 constexpr char const* sSaveQuestion = "Not yet saved as ZRN file. Save Now?";
 constexpr char const* sExitQuestion = "Not yet saved as ZRN file.  Save Now?";
 
-struct Files : Shell
+struct ShellFiles : Shell
 {
     void SetUp() override
     {
@@ -33,7 +33,7 @@ struct Files : Shell
 };
 } // namespace
 
-TEST_F(Files, SaveOfANewTuneAsksForItsName)
+TEST_F(ShellFiles, SaveOfANewTuneAsksForItsName)
 {
     AnswersText(Path("a.zrn"));
     Command(COMMAND_SAVE);
@@ -44,7 +44,7 @@ TEST_F(Files, SaveOfANewTuneAsksForItsName)
     EXPECT_FALSE(Bytes(Path("a.zrn")).empty());
 }
 
-TEST_F(Files, SaveOfANamedFileAsksNothing)
+TEST_F(ShellFiles, SaveOfANamedFileAsksNothing)
 {
     SavedScore("a.zrn");
     std::string const sBefore = Bytes(Path("a.zrn"));
@@ -56,7 +56,7 @@ TEST_F(Files, SaveOfANamedFileAsksNothing)
     EXPECT_GT(Bytes(Path("a.zrn")).size(), sBefore.size());
 }
 
-TEST_F(Files, ACancelledSaveLeavesAllAsItWas)
+TEST_F(ShellFiles, ACancelledSaveLeavesAllAsItWas)
 {
     Command(COMMAND_SAVE);
     EXPECT_EQ(szFileName, "");
@@ -64,7 +64,7 @@ TEST_F(Files, ACancelledSaveLeavesAllAsItWas)
     EXPECT_TRUE(bScoreDirty);
 }
 
-TEST_F(Files, AFileThatCantBeMadeIsTold)
+TEST_F(ShellFiles, AFileThatCantBeMadeIsTold)
 {
     AnswersText(Path("no/such/folder/a.zrn"));
     Command(COMMAND_SAVE);
@@ -72,7 +72,7 @@ TEST_F(Files, AFileThatCantBeMadeIsTold)
     EXPECT_TRUE(bScoreDirty);
 }
 
-TEST_F(Files, AFullDiskKeepsTheOldFileAndTheDirtyScore)
+TEST_F(ShellFiles, AFullDiskKeepsTheOldFileAndTheDirtyScore)
 {
     std::string const szFile = SavedScore("a.zrn");
     std::string const sBefore = Bytes(szFile);
@@ -86,7 +86,7 @@ TEST_F(Files, AFullDiskKeepsTheOldFileAndTheDirtyScore)
     EXPECT_EQ(Bytes(szFile), sBefore);
 }
 
-TEST_F(Files, ANameOfAnotherKindIsAskedAbout)
+TEST_F(ShellFiles, ANameOfAnotherKindIsAskedAbout)
 {
     AnswersText(Path("a.abc"));
     Answers(Answer::CANCEL);
@@ -108,7 +108,7 @@ TEST_F(Files, ANameOfAnotherKindIsAskedAbout)
     EXPECT_FALSE(bScoreDirty);
 }
 
-TEST_F(Files, AnUnknownExtensionIsAskedAboutByAPlainSave)
+TEST_F(ShellFiles, AnUnknownExtensionIsAskedAboutByAPlainSave)
 {
     AnswersText(Path("a.xyz"));
     Command(COMMAND_SAVEAS);
@@ -126,7 +126,7 @@ TEST_F(Files, AnUnknownExtensionIsAskedAboutByAPlainSave)
     EXPECT_FALSE(bScoreDirty);
 }
 
-TEST_F(Files, ATuneFromAnAbcFileIsSavedUnderAScoresName)
+TEST_F(ShellFiles, ATuneFromAnAbcFileIsSavedUnderAScoresName)
 {
     std::string const szAbc = MakeFile("a.abc", sTwoTunes);
     Answers(Answer::NO);
@@ -141,7 +141,7 @@ TEST_F(Files, ATuneFromAnAbcFileIsSavedUnderAScoresName)
     EXPECT_EQ(Bytes(szAbc), sTwoTunes);
 }
 
-TEST_F(Files, NewAsksAboutUnsavedMusic)
+TEST_F(ShellFiles, NewAsksAboutUnsavedMusic)
 {
     std::string const sBefore = Read(1);
     Answers(Answer::CANCEL);
@@ -168,14 +168,14 @@ TEST_F(Files, NewAsksAboutUnsavedMusic)
     EXPECT_TRUE(std::filesystem::exists(Path("a.zrn")));
 }
 
-TEST_F(Files, NewGivesUpUnsavedMusicOnNo)
+TEST_F(ShellFiles, NewGivesUpUnsavedMusicOnNo)
 {
     Answers(Answer::NO);
     Command(COMMAND_NEW);
     EXPECT_EQ(Read(1), "clef:1 time:4/4");
 }
 
-TEST_F(Files, ACleanScoreIsReplacedAtOnce)
+TEST_F(ShellFiles, ACleanScoreIsReplacedAtOnce)
 {
     bScoreDirty = false;
     Command(COMMAND_NEW);
@@ -183,7 +183,7 @@ TEST_F(Files, ACleanScoreIsReplacedAtOnce)
     EXPECT_EQ(Read(1), "clef:1 time:4/4");
 }
 
-TEST_F(Files, AScoreFileOpensAtItsTop)
+TEST_F(ShellFiles, AScoreFileOpensAtItsTop)
 {
     std::string const szFile = SavedScore("a.zrn");
     Command(COMMAND_NEW);
@@ -201,7 +201,7 @@ TEST_F(Files, AScoreFileOpensAtItsTop)
     EXPECT_EQ(Window().lScrollPlace, 0);
 }
 
-TEST_F(Files, OpenAsksAboutUnsavedMusic)
+TEST_F(ShellFiles, OpenAsksAboutUnsavedMusic)
 {
     std::string const sBefore = Read(1);
     Answers(Answer::CANCEL);
@@ -211,7 +211,7 @@ TEST_F(Files, OpenAsksAboutUnsavedMusic)
     EXPECT_TRUE(bScoreDirty);
 }
 
-TEST_F(Files, ACancelledOpenLeavesAllAsItWas)
+TEST_F(ShellFiles, ACancelledOpenLeavesAllAsItWas)
 {
     std::string const szFile = SavedScore("a.zrn");
     std::string const sBefore = Read(1);
@@ -221,7 +221,7 @@ TEST_F(Files, ACancelledOpenLeavesAllAsItWas)
     EXPECT_EQ(szFileName, szFile);
 }
 
-TEST_F(Files, AFileThatDoesntOpenLeavesScoreNameAndTitle)
+TEST_F(ShellFiles, AFileThatDoesntOpenLeavesScoreNameAndTitle)
 {
     std::string const szFile = SavedScore("a.zrn");
     std::string const sBefore = Read(1);
@@ -233,7 +233,7 @@ TEST_F(Files, AFileThatDoesntOpenLeavesScoreNameAndTitle)
     EXPECT_EQ(szFileName, szFile);
 }
 
-TEST_F(Files, AScoreFileThatIsntOneLeavesTheScoreUnlessTheUserWantsAbc)
+TEST_F(ShellFiles, AScoreFileThatIsntOneLeavesTheScoreUnlessTheUserWantsAbc)
 {
     std::string const szWrong = MakeFile("wrong.zrn", sTwoTunes);
     std::string const sBefore = Read(1);
@@ -254,7 +254,7 @@ TEST_F(Files, AScoreFileThatIsntOneLeavesTheScoreUnlessTheUserWantsAbc)
     EXPECT_FALSE(bScoreDirty);
 }
 
-TEST_F(Files, HalfAScoreIsNotSavedOverTheWholeOne)
+TEST_F(ShellFiles, HalfAScoreIsNotSavedOverTheWholeOne)
 {
     std::string const szFile = SavedScore("a.zrn");
     std::string const sBytes = Bytes(szFile);
@@ -266,7 +266,7 @@ TEST_F(Files, HalfAScoreIsNotSavedOverTheWholeOne)
     EXPECT_EQ(Bytes(szFile), sBytes);
 }
 
-TEST_F(Files, ATuneIsChosenFromAnAbcFile)
+TEST_F(ShellFiles, ATuneIsChosenFromAnAbcFile)
 {
     std::string const szAbc = MakeFile("a.abc", sTwoTunes);
     Answers(Answer::NO);
@@ -281,7 +281,7 @@ TEST_F(Files, ATuneIsChosenFromAnAbcFile)
     EXPECT_FALSE(bScoreDirty);
 }
 
-TEST_F(Files, AnUnknownKindGoesToTheAbcReaderWithoutAQuestion)
+TEST_F(ShellFiles, AnUnknownKindGoesToTheAbcReaderWithoutAQuestion)
 {
     std::string const szFile = MakeFile("a.txt", sTwoTunes);
     bScoreDirty = false;
@@ -291,7 +291,7 @@ TEST_F(Files, AnUnknownKindGoesToTheAbcReaderWithoutAQuestion)
     EXPECT_EQ(Title(), "The First (from file '" + szFile + "')");
 }
 
-TEST_F(Files, ADroppedFileIsOpenedAsIfByTheDialog)
+TEST_F(ShellFiles, ADroppedFileIsOpenedAsIfByTheDialog)
 {
     std::string const szAbc = MakeFile("a.abc", sTwoTunes);
     Drop(szAbc); // unsaved music: cancelled
@@ -304,7 +304,7 @@ TEST_F(Files, ADroppedFileIsOpenedAsIfByTheDialog)
     EXPECT_EQ(Title(), "The First (from file '" + szAbc + "')");
 }
 
-TEST_F(Files, ADroppedMidiFileIsRefusedInASentence)
+TEST_F(ShellFiles, ADroppedMidiFileIsRefusedInASentence)
 {
     std::string const szFile = MakeFile("a.mid", "MThd");
     std::string const sBefore = Read(1);
@@ -315,7 +315,7 @@ TEST_F(Files, ADroppedMidiFileIsRefusedInASentence)
     EXPECT_TRUE(bScoreDirty);
 }
 
-TEST_F(Files, ACleanScoreIsLeftAtOnce)
+TEST_F(ShellFiles, ACleanScoreIsLeftAtOnce)
 {
     bScoreDirty = false;
     Send(EventKind::CLOSE);
@@ -325,7 +325,7 @@ TEST_F(Files, ACleanScoreIsLeftAtOnce)
     EXPECT_TRUE(process.user.shown.empty());
 }
 
-TEST_F(Files, UnsavedMusicIsAskedAboutAtTheEnd)
+TEST_F(ShellFiles, UnsavedMusicIsAskedAboutAtTheEnd)
 {
     Command(COMMAND_EXIT);
     EXPECT_EQ(Messages(), std::vector<std::string>{sExitQuestion});
@@ -345,7 +345,7 @@ TEST_F(Files, UnsavedMusicIsAskedAboutAtTheEnd)
     EXPECT_TRUE(process.user.bQuit);
 }
 
-TEST_F(Files, ASavedScoreLeaves)
+TEST_F(ShellFiles, ASavedScoreLeaves)
 {
     SavedScore("a.zrn");
     bScoreDirty = true;
@@ -355,7 +355,7 @@ TEST_F(Files, ASavedScoreLeaves)
     EXPECT_EQ(Messages(), std::vector<std::string>{sExitQuestion});
 }
 
-TEST_F(Files, EventsBehindTheEndArePassedOver)
+TEST_F(ShellFiles, EventsBehindTheEndArePassedOver)
 {
     bScoreDirty = false;
     Command(COMMAND_EXIT);
