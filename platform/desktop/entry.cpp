@@ -1,0 +1,63 @@
+// Where the program comes in.
+#include "platform/desktop/qt_host.h"
+
+#include <QApplication>
+
+namespace zarn
+{
+namespace
+{
+/// What Qt is told: nothing of the program's own command line, whose words it might take for its own.
+struct QtArguments
+{
+    char szPlatform[10] = "-platform";
+    std::string sPlatform;
+    char* argv[4] = {};
+    int argc = 0;
+};
+
+void Prepare(QtArguments& arguments, char* szProgram, char const* sPlatform)
+{
+    arguments.argv[arguments.argc++] = szProgram;
+    if (!sPlatform)
+        return;
+    arguments.sPlatform = sPlatform;
+    arguments.argv[arguments.argc++] = arguments.szPlatform;
+    arguments.argv[arguments.argc++] = arguments.sPlatform.data();
+}
+
+/// The display systems to try, null for what Qt or the user chose. "offscreen" comes last where no display is an
+/// ordinary thing: without it Qt would end the process.
+char const* Platform(bool fWindow)
+{
+    if (!fWindow)
+        return "offscreen";
+#if defined(__linux__)
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        return "xcb;wayland;offscreen"; // X11 first: there the keyboard can move the pointer
+#endif
+    return nullptr;
+}
+} // namespace
+
+extern "C" Q_DECL_EXPORT DesktopHost* zarn_desktop_host(int, char** argv, bool fWindow)
+{
+    static QtArguments arguments;
+    char const* const sPlatform = Platform(fWindow);
+    Prepare(arguments, argv[0], sPlatform);
+    QCoreApplication::setApplicationName(QStringLiteral("zarn"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(ZARN_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral("zarn"));
+    // They live to the end of the process: what Qt tears down after main isn't worth the wait.
+    if (!fWindow)
+    {
+        new QGuiApplication(arguments.argc, arguments.argv);
+        return new QtHost;
+    }
+    new QApplication(arguments.argc, arguments.argv);
+    if (sPlatform && QGuiApplication::platformName() == QLatin1String("offscreen"))
+        return nullptr;
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    return new QtHost;
+}
+} // namespace zarn

@@ -1,0 +1,222 @@
+// One column of controls in the table's order, and the buttons in a row below them.
+#include "platform/desktop/form_dialog.h"
+
+#include "platform/desktop/qt_text.h"
+#include "platform/utf8.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <functional>
+
+namespace zarn
+{
+namespace
+{
+constexpr int lEditWidth = 360;  // pixels, for a line of lyrics or a file name
+constexpr int lTextHeight = 160; // of a text of several lines
+constexpr int lListHeight = 320;
+
+/// Holds a typed text to its number of bytes.
+template <typename EDIT>
+void Limit(EDIT& edit, FormControl const& control, std::function<void(QString const&)> set, QString const& sText)
+{
+    std::string const sBytes = sText.toStdString();
+    if (control.lLimit <= 0 || sBytes.size() <= static_cast<size_t>(control.lLimit))
+        return;
+    QSignalBlocker const quiet(edit);
+    std::string_view const sKept = Utf8_Prefix(sBytes, static_cast<size_t>(control.lLimit));
+    set(QString::fromUtf8(sKept.data(), static_cast<qsizetype>(sKept.size())));
+}
+
+class FormDialog : public QDialog
+{
+public:
+    FormDialog(Form& form, QWidget* pParent);
+    int32_t Run();
+
+private:
+    void Add(FormControl& control);
+    void AddRow(FormControl const& control, QWidget* pWidget);
+    void AddEdit(FormControl& control);
+    void AddMultiLine(FormControl& control);
+    void AddCombo(FormControl& control);
+    void AddCheck(FormControl& control);
+    void AddList(FormControl& control);
+    void AddButton(FormControl const& control);
+
+    QFormLayout* pRows = new QFormLayout;
+    QHBoxLayout* pButtons = new QHBoxLayout;
+    QPushButton* pDefault = nullptr;
+    QWidget* pFirst = nullptr; ///< where typing begins
+    std::vector<std::function<void()>> aReadBack;
+};
+
+FormDialog::FormDialog(Form& form, QWidget* pParent) : QDialog(pParent)
+{
+    setWindowTitle(ToQt(form.sTitle));
+    auto* const pAll = new QVBoxLayout(this);
+    pAll->addLayout(pRows);
+    pAll->addLayout(pButtons);
+    pButtons->addStretch();
+    for (FormControl& control : form.aControls)
+        Add(control);
+    if (pFirst)
+        pFirst->setFocus();
+    if (auto* const pEdit = qobject_cast<QLineEdit*>(pFirst))
+        pEdit->selectAll();
+}
+
+int32_t FormDialog::Run()
+{
+    int32_t const lButton = exec(); // 0 when it was closed
+    if (lButton == 0 || lButton == IDCANCEL)
+        return IDCANCEL;
+    for (auto const& readBack : aReadBack)
+        readBack();
+    return lButton;
+}
+
+void FormDialog::Add(FormControl& control)
+{
+    switch (control.kind)
+    {
+    case FormControl::STATIC:
+    {
+        auto* const pLabel = new QLabel(LinesToQt(control.sLabel));
+        pLabel->setTextFormat(Qt::PlainText);
+        pLabel->setWordWrap(true);
+        pLabel->setMinimumWidth(lEditWidth);
+        pRows->addRow(pLabel);
+        break;
+    }
+    case FormControl::EDIT:
+        AddEdit(control);
+        break;
+    case FormControl::MULTILINE:
+        AddMultiLine(control);
+        break;
+    case FormControl::BUTTON:
+    case FormControl::DEFAULT_BUTTON:
+        AddButton(control);
+        break;
+    case FormControl::COMBO:
+        AddCombo(control);
+        break;
+    case FormControl::CHECK:
+        AddCheck(control);
+        break;
+    case FormControl::LIST:
+        AddList(control);
+        break;
+    }
+}
+
+void FormDialog::AddRow(FormControl const& control, QWidget* pWidget)
+{
+    if (!pFirst)
+        pFirst = pWidget;
+    if (control.sLabel.empty())
+    {
+        pWidget->setAccessibleName(windowTitle());
+        pRows->addRow(pWidget);
+    }
+    else
+        pRows->addRow(ToQt(control.sLabel), pWidget);
+}
+
+void FormDialog::AddEdit(FormControl& control)
+{
+    auto* const pEdit = new QLineEdit(ToQt(control.sText));
+    if (control.sLabel.empty())
+        pEdit->setMinimumWidth(lEditWidth);
+    QObject::connect(pEdit, &QLineEdit::textChanged, this,
+                     [pEdit, &control](QString const& sText)
+                     {
+                         Limit(
+                             *pEdit, control, [pEdit](QString const& s) { pEdit->setText(s); }, sText);
+                     });
+    aReadBack.push_back([pEdit, &control] { control.sText = pEdit->text().toStdString(); });
+    AddRow(control, pEdit);
+}
+
+void FormDialog::AddMultiLine(FormControl& control)
+{
+    auto* const pEdit = new QPlainTextEdit(LinesToQt(control.sText));
+    pEdit->setMinimumSize(lEditWidth, lTextHeight);
+    pEdit->setTabChangesFocus(true);
+    auto const limit = [pEdit, &control]
+    {
+        Limit(
+            *pEdit, control,
+            [pEdit](QString const& s)
+            {
+                pEdit->setPlainText(s);
+                pEdit->moveCursor(QTextCursor::End);
+            },
+            pEdit->toPlainText());
+    };
+    QObject::connect(pEdit, &QPlainTextEdit::textChanged, this, limit);
+    aReadBack.push_back([pEdit, &control] { control.sText = pEdit->toPlainText().toStdString(); });
+    AddRow(control, pEdit);
+}
+
+void FormDialog::AddCombo(FormControl& control)
+{
+    auto* const pCombo = new QComboBox;
+    for (std::string const& sRow : control.aRows)
+        pCombo->addItem(ToQt(sRow));
+    pCombo->setCurrentIndex(control.lValue);
+    aReadBack.push_back([pCombo, &control] { control.lValue = pCombo->currentIndex(); });
+    AddRow(control, pCombo);
+}
+
+void FormDialog::AddCheck(FormControl& control)
+{
+    auto* const pCheck = new QCheckBox(ToQt(control.sLabel));
+    pCheck->setChecked(control.lValue != 0);
+    aReadBack.push_back([pCheck, &control] { control.lValue = pCheck->isChecked() ? 1 : 0; });
+    pRows->addRow(pCheck);
+}
+
+void FormDialog::AddList(FormControl& control)
+{
+    auto* const pList = new QListWidget;
+    pList->setUniformItemSizes(true);
+    pList->setMinimumSize(lEditWidth, lListHeight);
+    for (std::string const& sRow : control.aRows)
+        pList->addItem(ToQt(sRow));
+    pList->setCurrentRow(control.lValue);
+    auto const choose = [this]
+    {
+        if (pDefault)
+            pDefault->click();
+    };
+    QObject::connect(pList, &QListWidget::itemDoubleClicked, this, choose);
+    aReadBack.push_back([pList, &control] { control.lValue = pList->currentRow(); });
+    AddRow(control, pList);
+}
+
+void FormDialog::AddButton(FormControl const& control)
+{
+    auto* const pButton = new QPushButton(ToQt(control.sLabel));
+    pButtons->addWidget(pButton); // first: the default button is a matter of the dialog's
+    pButton->setAutoDefault(false);
+    if (control.kind == FormControl::DEFAULT_BUTTON)
+    {
+        pButton->setDefault(true);
+        pDefault = pButton;
+    }
+    QObject::connect(pButton, &QPushButton::clicked, this, [this, lId = control.lId] { done(lId); });
+}
+} // namespace
+
+int32_t Form_Run(Form& form, QWidget* pParent) { return FormDialog(form, pParent).Run(); }
+} // namespace zarn

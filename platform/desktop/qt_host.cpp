@@ -1,0 +1,101 @@
+// Forwards; has no opinion about music.
+#include "platform/desktop/qt_host.h"
+
+#include "platform/desktop/boxes.h"
+#include "platform/desktop/documents.h"
+#include "platform/desktop/form_dialog.h"
+#include "platform/desktop/manual.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QUrl>
+
+namespace zarn
+{
+int32_t QtHost::MessageBox(std::string_view sText, std::string_view sCaption, uint32_t lFlags)
+{
+    int32_t const lId = MessageBox_Run(sText, sCaption, lFlags, DialogParent());
+    TakeFocusBack();
+    return lId;
+}
+
+int32_t QtHost::RunForm(Form& form)
+{
+    int32_t const lButton = Form_Run(form, DialogParent());
+    TakeFocusBack();
+    return lButton;
+}
+
+HWND QtHost::CreateMainWindow(std::string_view sTitle, Painter* pPainter)
+{
+    pWindow = std::make_unique<QtWindow>(sTitle, pPainter, pDoor);
+    return pWindow.get();
+}
+
+bool QtHost::ShowHelp(std::string_view) { return Manual_Show(); }
+
+bool QtHost::AskOpenName(FileDialog& dialog)
+{
+    bool const bGiven = OpenName_Run(dialog, DialogParent());
+    TakeFocusBack();
+    return bGiven;
+}
+
+bool QtHost::AskSaveName(FileDialog& dialog)
+{
+    bool const bGiven = SaveName_Run(dialog, DialogParent());
+    TakeFocusBack();
+    return bGiven;
+}
+
+bool QtHost::StartEditor(std::string_view sPath)
+{
+    QFileInfo const file(QString::fromUtf8(sPath.data(), static_cast<qsizetype>(sPath.size())));
+    return file.exists() && QDesktopServices::openUrl(QUrl::fromLocalFile(file.absoluteFilePath()));
+}
+
+void QtHost::Quit(int32_t lCode)
+{
+    bQuit = true;
+    lQuitCode = lCode;
+    if (bRunning)
+        QCoreApplication::exit(lCode);
+}
+
+int32_t QtHost::Run()
+{
+    // A program that quits while it comes up never enters the loop.
+    if (!bQuit)
+    {
+        bRunning = true;
+        QCoreApplication::exec();
+        bRunning = false;
+    }
+    return lQuitCode;
+}
+
+std::unique_ptr<PagedSurface> QtHost::NewPdf(std::string_view sTitle, SIZE size)
+{
+    return std::make_unique<PdfDocument>(sTitle, size);
+}
+
+std::unique_ptr<PagedSurface> QtHost::NewPng(SIZE size, int32_t lDpi)
+{
+    auto pPicture = std::make_unique<PngDocument>(size, lDpi);
+    return pPicture->IsGood() ? std::move(pPicture) : nullptr;
+}
+
+/// A box asked for while another one stands belongs to that one.
+QWidget* QtHost::DialogParent() const
+{
+    QWidget* const pModal = QApplication::activeModalWidget();
+    return pModal ? pModal : pWindow ? pWindow->Frame() : nullptr;
+}
+
+void QtHost::TakeFocusBack() const
+{
+    if (pWindow && !QApplication::activeModalWidget())
+        pWindow->TakeFocus();
+}
+} // namespace zarn

@@ -1,0 +1,47 @@
+/// The desktop host: windows, boxes, documents and settings, with Qt.
+#pragma once
+#include "platform/desktop/qt_settings.h"
+#include "platform/desktop/qt_window.h"
+#include "platform/desktop_module.h"
+
+#include <QElapsedTimer>
+
+namespace zarn
+{
+/// A QApplication, or for documents alone a QGuiApplication, must stand before it and outlive it. Main thread.
+class QtHost : public DesktopHost
+{
+public:
+    QtHost() { clock.start(); }
+
+    int32_t MessageBox(std::string_view sText, std::string_view sCaption, uint32_t lFlags) override;
+    int32_t RunForm(Form& form) override;
+    HWND CreateMainWindow(std::string_view sTitle, Painter* pPainter) override;
+    bool ShowHelp(std::string_view sFile) override;
+    bool AskOpenName(FileDialog& dialog) override;
+    bool AskSaveName(FileDialog& dialog) override;
+    bool StartEditor(std::string_view sPath) override;
+    void Quit(int32_t lCode) override;
+    uint32_t TickCount() override { return static_cast<uint32_t>(clock.elapsed()); }
+
+    void SetDoor(Door* pNewDoor) override { pDoor = pNewDoor; }
+    int32_t Run() override;
+    SettingsStore* Settings() override { return &settings; }
+    std::unique_ptr<PagedSurface> NewPdf(std::string_view sTitle, SIZE size) override;
+    std::unique_ptr<PagedSurface> NewPng(SIZE size, int32_t lDpi) override;
+
+    [[nodiscard]] QtWindow* MainWindow() const { return pWindow.get(); }
+
+private:
+    [[nodiscard]] QWidget* DialogParent() const;
+    void TakeFocusBack() const;
+
+    QElapsedTimer clock;
+    QtSettings settings;
+    Door* pDoor = nullptr;
+    std::unique_ptr<QtWindow> pWindow;
+    bool bRunning = false; ///< in the message loop
+    bool bQuit = false;
+    int32_t lQuitCode = 0;
+};
+} // namespace zarn

@@ -1,0 +1,266 @@
+// The window's life: shown, first painted, resized, asked to close, destroyed.
+#include "platform/desktop/qt_window.h"
+
+#include "platform/desktop/qt_text.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QMenuBar>
+#include <QPainter>
+#include <QScreen>
+#include <cmath>
+#include <utility>
+
+namespace zarn
+{
+void QtWindow::MainFrame::closeEvent(QCloseEvent* pEvent)
+{
+    pEvent->ignore();
+    window.Receive({.kind = EventKind::CLOSE});
+}
+
+QtWindow::QtWindow(std::string_view sTitle, Painter* pPainter, Door* pDoor)
+    : pPainter(pPainter), pDoor(pDoor), frame(*this), pCanvas(new Canvas(*this)), pScroll(new QScrollBar(Qt::Vertical)),
+      pointer(*pCanvas),
+      menu(*frame.menuBar(), [this](int32_t lCommand) { Receive({.kind = EventKind::COMMAND, .lNumber = lCommand}); })
+{
+    pScroll->setFocusPolicy(Qt::NoFocus);
+    pScroll->setAccessibleName(QStringLiteral("Line at the top"));
+    pScroll->setRange(0, 0);
+    QObject::connect(pScroll, &QScrollBar::actionTriggered, pCanvas, [this](int lAction) { Scrolled(lAction); });
+
+    auto* const pInside = new QWidget;
+    auto* const pLayout = new QHBoxLayout(pInside);
+    pLayout->setContentsMargins(0, 0, 0, 0);
+    pLayout->setSpacing(0);
+    pLayout->addWidget(pCanvas, 1);
+    pLayout->addWidget(pScroll);
+    frame.setCentralWidget(pInside);
+    SetTitle(sTitle);
+    // As large as it will be once maximised, so that the first size is nearly always the last one.
+    frame.resize(QGuiApplication::primaryScreen()->availableSize());
+    frame.showMaximized();
+    pCanvas->setFocus();
+}
+
+QtWindow::~QtWindow()
+{
+    SetWaitPointer(false);
+    bDestroyed = true;
+    if (surface.IsActive())
+        surface.End();
+}
+
+SIZE QtWindow::ClientSize() { return {pCanvas->width(), pCanvas->height()}; }
+
+void QtWindow::SetTitle(std::string_view sTitle) { frame.setWindowTitle(ToQt(sTitle)); }
+
+std::string QtWindow::Title() { return frame.windowTitle().toStdString(); }
+
+void QtWindow::Invalidate()
+{
+    bRepaintOwed = true;
+    if (bRepaintPosted)
+        return;
+    bRepaintPosted = true;
+    Later([this] { PayRepaint(); });
+}
+
+void QtWindow::Update()
+{
+    PayRepaint();
+    if (bOnScreen && !bDestroyed)
+        pCanvas->repaint();
+}
+
+HDC QtWindow::BeginDraw()
+{
+    if (cDrawing++ == 0)
+    {
+        if (image.isNull())
+            RenewImage();
+        else
+            (void)surface.Begin(image, Target());
+    }
+    return new DeviceContext{.pSurface = &surface};
+}
+
+void QtWindow::EndDraw(HDC hdc)
+{
+    if (!hdc)
+        return;
+    delete hdc;
+    if (--cDrawing == 0 && surface.IsActive())
+        surface.End();
+    pCanvas->update();
+}
+
+void QtWindow::SetScroll(int32_t lRange, int32_t lPlace)
+{
+    pScroll->setRange(0, lRange);
+    pScroll->setValue(lPlace);
+}
+
+void QtWindow::SetWaitPointer(bool bOn)
+{
+    if (bOn == bWaiting)
+        return;
+    bWaiting = bOn;
+    if (bOn)
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QGuiApplication::restoreOverrideCursor();
+}
+
+void QtWindow::Destroy()
+{
+    bDestroyed = true;
+    frame.hide();
+}
+
+void QtWindow::Post(void (*pAction)())
+{
+    if (bOnScreen)
+        Later(pAction);
+    else
+        aPosted.push_back(pAction);
+}
+
+void QtWindow::TakeFocus()
+{
+    if (bDestroyed)
+        return;
+    frame.activateWindow();
+    pCanvas->setFocus();
+}
+
+void QtWindow::Receive(Event const& event)
+{
+    if (!bDestroyed && pDoor)
+        pDoor->Receive(event);
+}
+
+void QtWindow::PointerMoved(POINT place)
+{
+    if (pointer.Moved(place))
+        Receive({.kind = EventKind::MOVE, .x = place.x, .y = place.y});
+}
+
+void QtWindow::CanvasResized()
+{
+    if (!bOnScreen)
+        return;
+    TellSize();
+    Invalidate();
+    PayRepaint();
+}
+
+void QtWindow::ShowImage(QPainter& painter)
+{
+    if (!bOnScreen)
+    {
+        // The program's first paint follows at once, out of this one.
+        bOnScreen = true;
+        Later([this] { FirstPaint(); });
+    }
+    double const ratio = pCanvas->devicePixelRatioF();
+    QRectF const whole(pCanvas->rect());
+    if (image.isNull() || image.width() < std::floor(whole.width() * ratio) ||
+        image.height() < std::floor(whole.height() * ratio))
+        painter.fillRect(whole, Qt::white);
+    painter.drawImage(QRectF(0, 0, image.width() / ratio, image.height() / ratio), image);
+    if (!image.isNull() && ratio != imageScale) // the window has gone to another screen
+        Invalidate();
+}
+
+/// The scroll bar never moves by itself: the program moves it when it has scrolled.
+void QtWindow::Scrolled(int lAction)
+{
+    Event event{.kind = EventKind::SCROLL};
+    auto action = ScrollAction::THUMB;
+    switch (lAction)
+    {
+    case QAbstractSlider::SliderSingleStepSub:
+        action = ScrollAction::LINEUP;
+        break;
+    case QAbstractSlider::SliderSingleStepAdd:
+        action = ScrollAction::LINEDOWN;
+        break;
+    case QAbstractSlider::SliderPageStepSub:
+        action = ScrollAction::PAGEUP;
+        break;
+    case QAbstractSlider::SliderPageStepAdd:
+        action = ScrollAction::PAGEDOWN;
+        break;
+    default:
+        event.x = pScroll->sliderPosition();
+    }
+    event.lNumber = static_cast<int32_t>(action);
+    if (action != ScrollAction::THUMB)
+        pScroll->setSliderPosition(pScroll->value());
+    Receive(event);
+}
+
+void QtWindow::Later(std::function<void()> pAction)
+{
+    QMetaObject::invokeMethod(pCanvas, std::move(pAction), Qt::QueuedConnection);
+}
+
+void QtWindow::FirstPaint()
+{
+    pointer.Show();
+    TellSize();
+    Update();
+    for (void (*const pAction)() : std::exchange(aPosted, {}))
+        Later(pAction);
+}
+
+void QtWindow::TellSize()
+{
+    SIZE const size = ClientSize();
+    if (size == sizeTold)
+        return;
+    sizeTold = size;
+    Receive({.kind = EventKind::SIZE, .x = size.cx, .y = size.cy});
+}
+
+void QtWindow::PayRepaint()
+{
+    bRepaintPosted = false;
+    if (!bRepaintOwed || !bOnScreen || bPainting || bDestroyed)
+        return;
+    bRepaintOwed = false;
+    bPainting = true;
+    RenewImage();
+    HDC const hdc = BeginDraw();
+    if (pPainter)
+        pPainter->Paint(this, hdc);
+    EndDraw(hdc);
+    bPainting = false;
+    if (bRepaintOwed)
+        Invalidate();
+}
+
+SurfaceTarget QtWindow::Target() const
+{
+    return {.size = {pCanvas->width(), pCanvas->height()}, .scale = pCanvas->devicePixelRatioF()};
+}
+
+/// An image of the canvas's size in device pixels; who is drawing goes on upon it.
+void QtWindow::RenewImage()
+{
+    SurfaceTarget const target = Target();
+    QSize const pixels(static_cast<int>(std::ceil(target.size.cx * target.scale)),
+                       static_cast<int>(std::ceil(target.size.cy * target.scale)));
+    if (image.size() == pixels && imageScale == target.scale)
+        return;
+    imageScale = target.scale;
+    if (surface.IsActive())
+        surface.End();
+    image = QImage(pixels, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    if (cDrawing > 0)
+        (void)surface.Begin(image, target);
+}
+} // namespace zarn

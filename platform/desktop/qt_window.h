@@ -1,0 +1,95 @@
+/// The main window.
+#pragma once
+#include "platform/desktop/canvas.h"
+#include "platform/desktop/menu_bar.h"
+#include "platform/desktop/pointer.h"
+#include "platform/desktop/qt_surface.h"
+#include "platform/user.h"
+
+#include <QImage>
+#include <QMainWindow>
+#include <QScrollBar>
+#include <functional>
+#include <vector>
+
+namespace zarn
+{
+/// The score is drawn into an image of the screen's own pixels, and the canvas shows the image. The program is asked to
+/// paint between Qt's paints, never inside one, so that it may put a question at any time.
+class QtWindow : public Window, private CanvasOwner
+{
+public:
+    QtWindow(std::string_view sTitle, Painter* pPainter, Door* pDoor);
+    ~QtWindow() override;
+
+    SIZE ClientSize() override;
+    void SetTitle(std::string_view sTitle) override;
+    std::string Title() override;
+    void Invalidate() override;
+    void Update() override;
+    HDC BeginDraw() override;
+    void EndDraw(HDC hdc) override;
+    void SetScroll(int32_t lRange, int32_t lPlace) override;
+    void SetPointer(POINT place) override { pointer.Set(place); }
+    POINT Pointer() override { return pointer.Place(); }
+    void SetWaitPointer(bool bOn) override;
+    void SetMenu(std::vector<MenuItem> const& aMenu) override { menu.Build(aMenu); }
+    void CheckItem(int32_t lCommand, bool bOn) override { menu.Check(lCommand, bOn); }
+    void EnableItem(int32_t lCommand, bool bOn) override { menu.Enable(lCommand, bOn); }
+    void SetItemText(int32_t lCommand, std::string_view sText) override { menu.SetText(lCommand, sText); }
+    void Destroy() override; ///< it stays good as long as its host, and is no longer seen
+    /// Runs the action from the message loop, once the window has been painted.
+    void Post(void (*pAction)()) override;
+
+    [[nodiscard]] QWidget* Frame() { return &frame; }
+    void TakeFocus(); ///< keys go to the score again
+
+private:
+    /// The close button asks; the program decides.
+    class MainFrame : public QMainWindow
+    {
+    public:
+        explicit MainFrame(QtWindow& window) : window(window) {}
+
+    protected:
+        void closeEvent(QCloseEvent* pEvent) override;
+
+    private:
+        QtWindow& window;
+    };
+
+    void Receive(Event const& event) override;
+    void PointerMoved(POINT place) override;
+    POINT ButtonPlace(POINT place) override { return pointer.Seen(place); }
+    void CanvasResized() override;
+    void ShowImage(QPainter& painter) override;
+
+    void Scrolled(int lAction);
+    void Later(std::function<void()> pAction);
+    void FirstPaint();
+    void TellSize();
+    void PayRepaint();
+    void RenewImage();
+    [[nodiscard]] SurfaceTarget Target() const;
+
+    Painter* pPainter;
+    Door* pDoor;
+    QImage image;          ///< of device pixels; its own ratio stays 1
+    double imageScale = 1; ///< device pixels to one of the canvas's
+    QtSurface surface;     ///< on the image, while someone draws
+    int32_t cDrawing = 0;
+    bool bOnScreen = false; ///< Qt has asked for a paint
+    bool bRepaintOwed = true;
+    bool bRepaintPosted = false;
+    bool bPainting = false;
+    bool bWaiting = false;
+    bool bDestroyed = false;
+    SIZE sizeTold;
+    std::vector<void (*)()> aPosted; ///< waiting for the first paint
+    MainFrame frame;
+    Canvas* pCanvas; // Qt's, inside the frame, as is the bar
+    QScrollBar* pScroll;
+    class Pointer pointer;
+    MenuBar menu;
+};
+} // namespace zarn

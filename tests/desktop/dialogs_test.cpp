@@ -1,0 +1,253 @@
+// Boxes, forms and file dialogs, answered as a user would.
+#include "desktop/window_fixture.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+
+namespace zarn
+{
+using DesktopDialogs = DesktopTest;
+
+static Form NumberForm()
+{
+    return {7001,
+            "Left margin percent (5)",
+            "number",
+            {{FormControl::EDIT, 7002, "", "5"},
+             {FormControl::DEFAULT_BUTTON, IDOK, "OK"},
+             {FormControl::BUTTON, IDCANCEL, "Cancel"}}};
+}
+
+TEST_F(DesktopDialogs, ABoxHasItsButtonsItsWordsAndItsDefault)
+{
+    struct
+    {
+        uint32_t lFlags;
+        int cButtons;
+        int32_t lEnter, lEscape;
+    } const aCase[] = {
+        {MB_OK | MB_ICONSTOP, 1, IDOK, IDOK},
+        {MB_OKCANCEL | MB_ICONQUESTION, 2, IDOK, IDCANCEL},
+        {MB_OKCANCEL | MB_ICONQUESTION | MB_DEFBUTTON2, 2, IDCANCEL, IDCANCEL},
+        {MB_YESNO | MB_ICONQUESTION, 2, IDYES, IDNO},
+        {MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2, 2, IDNO, IDNO},
+        {MB_YESNOCANCEL | MB_ICONQUESTION, 3, IDYES, IDCANCEL},
+    };
+    for (auto const& c : aCase)
+    {
+        WhenAsked(
+            [&](QWidget* pWidget)
+            {
+                auto* const pBox = qobject_cast<QMessageBox*>(pWidget);
+                ASSERT_NE(pBox, nullptr);
+                EXPECT_EQ(pBox->buttons().size(), c.cButtons);
+                EXPECT_EQ(pBox->text(), QStringLiteral("Not saved <yet>.\n\nSave?"));
+                EXPECT_EQ(pBox->textFormat(), Qt::PlainText);
+                EXPECT_EQ(pBox->windowTitle(), QStringLiteral("Zarn Message"));
+                QTest::keyClick(pBox, Qt::Key_Return);
+            });
+        EXPECT_EQ(desktop.MessageBox("Not saved <yet>.\r\n\r\nSave?", "Zarn Message", c.lFlags), c.lEnter) << c.lFlags;
+        WhenAsked([](QWidget* pBox) { QTest::keyClick(pBox, Qt::Key_Escape); });
+        EXPECT_EQ(desktop.MessageBox("Save?", "Zarn Message", c.lFlags), c.lEscape) << c.lFlags;
+    }
+}
+
+TEST_F(DesktopDialogs, AfterABoxKeysGoToTheScoreAgain)
+{
+    WhenAsked([](QWidget* pBox) { QTest::keyClick(pBox, Qt::Key_Return); });
+    EXPECT_EQ(desktop.MessageBox("Save?", "Zarn Message", MB_OK), IDOK);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return QApplication::focusWidget() == Canvas(); }));
+}
+
+TEST_F(DesktopDialogs, ANumberIsTypedOverTheOneThatStandsThere)
+{
+    Form form = NumberForm();
+    WhenAsked(
+        [](QWidget* pDialog)
+        {
+            EXPECT_EQ(pDialog->windowTitle(), QStringLiteral("Left margin percent (5)"));
+            QWidget* const pEdit = QApplication::focusWidget();
+            QTest::keyClicks(pEdit, QStringLiteral("12"));
+            QTest::keyClick(pEdit, Qt::Key_Return);
+        });
+    EXPECT_EQ(desktop.RunForm(form), IDOK);
+    EXPECT_EQ(form.aControls[0].sText, "12");
+}
+
+TEST_F(DesktopDialogs, ACancelledDialogLeavesTheTextAsItWas)
+{
+    Form form = NumberForm();
+    WhenAsked(
+        [](QWidget*)
+        {
+            QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("12"));
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        });
+    EXPECT_EQ(desktop.RunForm(form), IDCANCEL);
+    EXPECT_EQ(form.aControls[0].sText, "5");
+}
+
+TEST_F(DesktopDialogs, SignsThatAreKeysOfTheProgramAreJustTextInADialog)
+{
+    Form form = NumberForm();
+    WhenAsked(
+        [](QWidget* pDialog)
+        {
+            QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("Ab p7/<x>"));
+            QTest::keyClick(pDialog, Qt::Key_Return);
+        });
+    EXPECT_EQ(desktop.RunForm(form), IDOK);
+    EXPECT_EQ(form.aControls[0].sText, "Ab p7/<x>");
+    EXPECT_TRUE(door.events.empty());
+}
+
+TEST_F(DesktopDialogs, ATextIsHeldToItsBytesAndNoCharacterIsCut)
+{
+    Form form = NumberForm();
+    form.aControls[0].lLimit = 5;
+    WhenAsked(
+        [](QWidget* pDialog)
+        {
+            qobject_cast<QLineEdit*>(QApplication::focusWidget())->insert(QStringLiteral("abädef"));
+            QTest::keyClick(pDialog, Qt::Key_Return);
+        });
+    EXPECT_EQ(desktop.RunForm(form), IDOK);
+    EXPECT_EQ(form.aControls[0].sText, "abäd");
+}
+
+TEST_F(DesktopDialogs, EnterBreaksALineOfLyrics)
+{
+    Form form{7003,
+              "Lyrics",
+              "text",
+              {{FormControl::MULTILINE, 7002, "", "Alas\r\n"},
+               {FormControl::DEFAULT_BUTTON, IDOK, "OK"},
+               {FormControl::BUTTON, IDCANCEL, "Cancel"}}};
+    WhenAsked(
+        [](QWidget* pDialog)
+        {
+            QWidget* const pEdit = QApplication::focusWidget();
+            QTest::keyClick(pEdit, Qt::Key_End, Qt::ControlModifier);
+            QTest::keyClicks(pEdit, QStringLiteral("my"));
+            QTest::keyClick(pEdit, Qt::Key_Return);
+            QTest::keyClicks(pEdit, QStringLiteral("love"));
+            QTest::mouseClick(pDialog->findChildren<QPushButton*>().constFirst(), Qt::LeftButton);
+        });
+    EXPECT_EQ(desktop.RunForm(form), IDOK);
+    EXPECT_EQ(form.aControls[0].sText, "Alas\nmy\nlove");
+}
+
+static Form TuneForm()
+{
+    return {7005,
+            "New tune",
+            "form",
+            {{FormControl::COMBO, 7006, "Clef", "", 0, {"Treble clef", "Alto clef", "Bass clef"}},
+             {FormControl::CHECK, 7032, "Tablature"},
+             {FormControl::STATIC, 7031, "'Toggle' means\nturn it on"},
+             {FormControl::DEFAULT_BUTTON, IDOK, "OK"},
+             {FormControl::BUTTON, 8020, "Guitar"},
+             {FormControl::BUTTON, IDCANCEL, "Cancel"}}};
+}
+
+TEST_F(DesktopDialogs, ChoicesAndChecksComeBack)
+{
+    Form form = TuneForm();
+    WhenAsked(
+        [](QWidget* pDialog)
+        {
+            QTest::keyClick(pDialog->findChild<QComboBox*>(), Qt::Key_Down);
+            QTest::keyClick(pDialog->findChild<QCheckBox*>(), Qt::Key_Space);
+            QTest::keyClick(pDialog, Qt::Key_Return);
+        });
+    EXPECT_EQ(desktop.RunForm(form), IDOK);
+    EXPECT_EQ(form.Find(7006)->lValue, 1);
+    EXPECT_EQ(form.Find(7032)->lValue, 1);
+}
+
+TEST_F(DesktopDialogs, AButtonOfItsOwnEndsTheDialogWithItsNumber)
+{
+    Form form = TuneForm();
+    WhenAsked(
+        [](QWidget* pDialog)
+        {
+            for (QPushButton* const pButton : pDialog->findChildren<QPushButton*>())
+                if (pButton->text() == QStringLiteral("Guitar"))
+                    QTest::mouseClick(pButton, Qt::LeftButton);
+        });
+    EXPECT_EQ(desktop.RunForm(form), 8020);
+}
+
+TEST_F(DesktopDialogs, ADoubleClickOnARowChoosesIt)
+{
+    Form form{1,
+              "Select tune",
+              "row",
+              {{FormControl::LIST, 2, "", "", 0, {"Greensleeves", "Scarborough Fair", "Barbara Allen"}},
+               {FormControl::DEFAULT_BUTTON, IDOK, "OK"},
+               {FormControl::BUTTON, IDCANCEL, "Cancel"}}};
+    WhenAsked(
+        [](QWidget* pDialog)
+        {
+            auto* const pList = pDialog->findChild<QListWidget*>();
+            EXPECT_EQ(pList->currentRow(), 0);
+            QPoint const place = pList->visualItemRect(pList->item(1)).center();
+            QTest::mouseClick(pList->viewport(), Qt::LeftButton, {}, place);
+            QTest::mouseDClick(pList->viewport(), Qt::LeftButton, {}, place);
+        });
+    EXPECT_EQ(desktop.RunForm(form), IDOK);
+    EXPECT_EQ(form.aControls[0].lValue, 1);
+}
+
+static FileDialog SaveDialog(QTemporaryDir const& folder)
+{
+    FileDialog dialog;
+    dialog.sTitle = "Save file";
+    dialog.aFilters = {{"Zarn files", "*.zrn"}, {"MIDI exchange files", "*.MID"}, {"MIDI performance files", "*.MID"}};
+    dialog.szFile = folder.filePath(QStringLiteral("air.zrn")).toStdString();
+    return dialog;
+}
+
+TEST_F(DesktopDialogs, TheSaveDialogGivesTheNameAndTheType)
+{
+    QTemporaryDir const folder;
+    FileDialog dialog = SaveDialog(folder);
+    WhenAsked(
+        [](QWidget* pWidget)
+        {
+            auto* const pBox = qobject_cast<QFileDialog*>(pWidget);
+            ASSERT_NE(pBox, nullptr);
+            EXPECT_EQ(pBox->windowTitle(), QStringLiteral("Save file"));
+            EXPECT_EQ(pBox->nameFilters().constFirst(), QStringLiteral("Zarn files (*.zrn)"));
+            pBox->selectNameFilter(QStringLiteral("MIDI performance files (*.MID)"));
+            auto* const pEdit = pBox->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+            pEdit->selectAll();
+            QTest::keyClicks(pEdit, QStringLiteral("reel.mid"));
+            QTest::keyClick(pEdit, Qt::Key_Return);
+        });
+    ASSERT_TRUE(desktop.AskSaveName(dialog));
+    EXPECT_EQ(dialog.szFile, folder.filePath(QStringLiteral("reel.mid")).toStdString());
+    EXPECT_EQ(dialog.lFilter, 3);
+}
+
+TEST_F(DesktopDialogs, ACancelledFileDialogChangesNothing)
+{
+    QTemporaryDir const folder;
+    FileDialog dialog = SaveDialog(folder);
+    std::string const sBefore = dialog.szFile;
+    for (bool const bSave : {true, false})
+    {
+        WhenAsked([](QWidget* pBox) { QTest::keyClick(pBox, Qt::Key_Escape); });
+        EXPECT_FALSE(bSave ? desktop.AskSaveName(dialog) : desktop.AskOpenName(dialog));
+        EXPECT_EQ(dialog.szFile, sBefore);
+        EXPECT_EQ(dialog.lFilter, 1);
+    }
+}
+} // namespace zarn
