@@ -8,6 +8,7 @@
 #include "core/text.h"
 #include "file/native.h"
 #include "platform/files.h"
+#include "platform/headless/headless_window.h"
 #include "platform/svg.h"
 #include "render/pages.h"
 
@@ -25,18 +26,21 @@ constexpr SIZE sizeA4{2480, 3508};
 class DocumentSink : public PageSink
 {
 public:
-    explicit DocumentSink(PagedSurface& document) : document(document) {}
+    /// dEm: of a text whose font asks for no size; 0 leaves it to the document.
+    explicit DocumentSink(PagedSurface& document, double dEm) : document(document), dEm(dEm) {}
 
     HDC StartPage(int32_t) override
     {
         dc = DeviceContext{};
         dc.pSurface = document.StartPage();
+        dc.defaultEm = dEm;
         return dc.pSurface ? &dc : nullptr;
     }
     void EndPage(HDC) override { document.EndPage(); }
 
 private:
     PagedSurface& document;
+    double dEm;
     DeviceContext dc;
 };
 
@@ -69,9 +73,9 @@ void TellNoSuchPage(int32_t lPage, int32_t cPages)
 }
 
 /// Draws into the document and writes its bytes; the number of pages that the whole score has, 0 on failure.
-int32_t WriteDocument(std::string const& szPath, PagedSurface& document, PageFormat const& format)
+int32_t WriteDocument(std::string const& szPath, PagedSurface& document, PageFormat const& format, double dEm)
 {
-    DocumentSink sink(document);
+    DocumentSink sink(document, dEm);
     int32_t const cPages = DrawPages(sink, format);
     if (format.lOnlyPage > cPages)
     {
@@ -185,7 +189,7 @@ bool Export_Write(std::string const& szPath, ExportFormat const& format, Documen
     if (sEnding == ".svg")
     {
         SvgDocument document({format.lWidth, format.lHeight}, format.sTitle);
-        return WriteDocument(szPath, document, {format.lWidth, format.lHeight, false, format.lPage}) != 0;
+        return WriteDocument(szPath, document, {format.lWidth, format.lHeight, false, format.lPage}, 0) != 0;
     }
     DesktopHost* const pDesktop = pMaker();
     if (!pDesktop)
@@ -198,6 +202,8 @@ bool Export_Write(std::string const& szPath, ExportFormat const& format, Documen
         Terminal_Error("the PDF can't be made");
         return false;
     }
-    return WriteDocument(szPath, *pDocument, {sizeA4.cx, sizeA4.cy, true, format.lPage}) != 0;
+    // Words were given their columns at the drawing area's width; they keep their share of the page on paper.
+    double const dEm = NullSurface({1, 1}).DefaultEm() * sizeA4.cx / format.lWidth;
+    return WriteDocument(szPath, *pDocument, {sizeA4.cx, sizeA4.cy, true, format.lPage}, dEm) != 0;
 }
 } // namespace zarn

@@ -75,7 +75,7 @@ TextStyle Resolve(HDC hdc)
     else if (font.lHeight <= -lSmallestHeight)
         style.emPixels = -double{1} * font.lHeight;
     else
-        style.emPixels = hdc->pSurface->DefaultEm();
+        style.emPixels = hdc->defaultEm > 0 ? hdc->defaultEm : hdc->pSurface->DefaultEm();
     if (font.lWidth > 0)
         style.stretch = double{1} * font.lWidth * lUnitsPerEm / (Face_AverageAdvance(font.bBold) * style.emPixels);
     return style;

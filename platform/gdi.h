@@ -109,6 +109,7 @@ struct DeviceContext
     uint32_t textAlign = TA_TOP;
     int32_t bkMode = TRANSPARENT;
     POINT position = {};
+    double defaultEm = 0; ///< pixels, of a text whose font asks for no size; 0: the surface's own
 };
 using HDC = DeviceContext*;
 
