@@ -86,11 +86,15 @@ static bool EndsSet(int32_t sort)
     }
 }
 
+/// Chords in a set. A file may hold a staff of nothing but beginnings, which must not be walked to its end from each.
+constexpr int32_t lLongestSet = 1000;
+
 /// The last element of the set from pelSeen on; *pbEnd tells whether it carries the set's end.
 static Element* WalkSet(Element* pelSeen, bool* pbEnd)
 {
     *pbEnd = false;
-    for (Element* pel = Next(pelSeen); pel; pel = NextBeamable(pel, false))
+    int32_t lWalked = 0;
+    for (Element* pel = Next(pelSeen); pel && ++lWalked <= lLongestSet; pel = NextBeamable(pel, false))
     {
         if (EndsSet(pel->sort))
             return pel;

@@ -46,7 +46,7 @@ int32_t DrawFirstTimeBar(HDC hdc, Element* pel)
     Element* pelTo = LastOnLine(pel);
     for (;;)
     {
-        int32_t const yTop = std::min(MinLY(pelFrom, pelTo), LineAboveStaff(pelFrom));
+        int32_t const yTop = std::min(MinLY(pelFrom, Next(pelTo)), LineAboveStaff(pelFrom));
         r |= RepeatFirstLine(hdc, pelFrom->lX, pelTo->lX, yTop);
         if (pelFrom == pel)
             r |= RepeatFirstHook(hdc, pelFrom->lX, yTop);

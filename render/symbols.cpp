@@ -109,10 +109,17 @@ static int32_t DrawSlurSymbol(HDC hdc, Element* pel, bool bCursor)
     return 0;
 }
 
+/// The key that a key signature replaces, without the flag that it may carry on its way into the score. A flat key is a
+/// negative number, which has that bit set by nature.
+static int32_t OldKey(Element const* pel)
+{
+    constexpr int32_t fPreservePitch = 64;
+    return pel->lB < 0 ? pel->lB : pel->lB & ~fPreservePitch;
+}
+
 /// The report: 0 when nothing was drawn.
 static int32_t DrawBySort(HDC hdc, Element* pel, int32_t lClef, bool bCursor)
 {
-    constexpr int32_t fPreservePitch = 64; // in lB of a key signature on its way into the score
     int32_t const x = pel->lX;
     int32_t const y = pel->lY;
     switch (pel->sort)
@@ -129,7 +136,7 @@ static int32_t DrawBySort(HDC hdc, Element* pel, int32_t lClef, bool bCursor)
     case CLEF:
         return DrawClef(hdc, x, y, lClef);
     case KEYSIG:
-        return OffPage(y) ? 0 : DrawKeySig(hdc, x, y, pel->lA, pel->lB & ~fPreservePitch, lClef, bCursor);
+        return OffPage(y) ? 0 : DrawKeySig(hdc, x, y, pel->lA, OldKey(pel), lClef, bCursor);
     case REST:
         return DrawRestSymbol(hdc, pel, bCursor);
     case NEWLINE:

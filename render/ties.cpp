@@ -106,10 +106,10 @@ int32_t DrawTies(HDC hdc, Element* pelTie)
 Element* FindTieTo(Element* pel)
 {
     Element* pelTo = pel;
-    // The chord that pel stands in isn't looked at.
-    while (pelTo && (pelTo->sort != NOTE || (pelTo->lA & fChordMore)))
-        pelTo = Next(pelTo);
     int32_t lWalked = 0;
+    // The chord that pel stands in isn't looked at.
+    while (pelTo && (pelTo->sort != NOTE || (pelTo->lA & fChordMore)) && ++lWalked <= lLongestReach)
+        pelTo = Next(pelTo);
     for (pelTo = Next(pelTo); pelTo && ++lWalked <= lLongestReach; pelTo = Next(pelTo))
     {
         if (EndsTie(pelTo->sort) || pelTo->sort == REPEATFIRST || pelTo->sort < NOTE || pelTo->sort > lHighestSort)
