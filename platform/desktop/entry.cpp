@@ -2,6 +2,8 @@
 #include "platform/desktop/qt_host.h"
 
 #include <QApplication>
+#include <cstdio>
+#include <cstdlib>
 
 namespace zarn
 {
@@ -26,6 +28,16 @@ void Prepare(QtArguments& arguments, char* szProgram, char const* sPlatform)
     arguments.argv[arguments.argc++] = arguments.sPlatform.data();
 }
 
+/// Qt's remarks on the machine (no runtime folder, a plugin that isn't there) are nothing that a user can act on; what
+/// it can't go on from is told.
+void TellFailuresOnly(QtMsgType type, QMessageLogContext const&, QString const& sText)
+{
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        std::fprintf(stderr, "zarn: %s\n", sText.toUtf8().constData());
+    if (type == QtFatalMsg)
+        std::abort();
+}
+
 /// The display systems to try, null for what Qt or the user chose. "offscreen" comes last where no display is an
 /// ordinary thing: without it Qt would end the process.
 char const* Platform(bool fWindow)
@@ -43,6 +55,7 @@ char const* Platform(bool fWindow)
 extern "C" Q_DECL_EXPORT DesktopHost* zarn_desktop_host(int, char** argv, bool fWindow)
 {
     static QtArguments arguments;
+    qInstallMessageHandler(TellFailuresOnly);
     char const* const sPlatform = Platform(fWindow);
     Prepare(arguments, argv[0], sPlatform);
     QCoreApplication::setApplicationName(QStringLiteral("zarn"));
