@@ -10,6 +10,7 @@
 #include "platform/files.h"
 #include "platform/headless/headless_window.h"
 #include "platform/svg.h"
+#include "render/geometry.h"
 #include "render/pages.h"
 
 #include <algorithm>
@@ -21,6 +22,34 @@ namespace
 {
 /// A4 at 300 dots to the inch: a hair line of one unit, doubled, is as wide as an engraved line.
 constexpr SIZE sizeA4{2480, 3508};
+
+/// Room at the edges of paper that the user gave none: printers don't reach there.
+class PaperMargins
+{
+public:
+    PaperMargins() : lLeft(lMarginLeft), lRight(lMarginRight), lTop(lMarginTop), lBottom(lMarginBottom)
+    {
+        constexpr int32_t lPerCent = 5;
+        if (lLeft == 0 && lRight == 0 && lTop == 0 && lBottom == 0)
+            lMarginLeft = lMarginRight = lMarginTop = lMarginBottom = lPerCent;
+    }
+    ~PaperMargins()
+    {
+        lMarginLeft = lLeft;
+        lMarginRight = lRight;
+        lMarginTop = lTop;
+        lMarginBottom = lBottom;
+    }
+    PaperMargins(PaperMargins const&) = delete;
+    PaperMargins& operator=(PaperMargins const&) = delete;
+    [[nodiscard]] static int32_t WidthLeft(int32_t lWidth) { return lWidth * (100 - lMarginLeft - lMarginRight) / 100; }
+
+private:
+    int32_t lLeft;
+    int32_t lRight;
+    int32_t lTop;
+    int32_t lBottom;
+};
 
 /// Hands the pages of the Score to a document.
 class DocumentSink : public PageSink
@@ -203,7 +232,8 @@ bool Export_Write(std::string const& szPath, ExportFormat const& format, Documen
         return false;
     }
     // Words were given their columns at the drawing area's width; they keep their share of the page on paper.
-    double const dEm = NullSurface({1, 1}).DefaultEm() * sizeA4.cx / format.lWidth;
+    PaperMargins const margins;
+    double const dEm = NullSurface({1, 1}).DefaultEm() * PaperMargins::WidthLeft(sizeA4.cx) / format.lWidth;
     return WriteDocument(szPath, *pDocument, {sizeA4.cx, sizeA4.cy, true, format.lPage}, dEm) != 0;
 }
 } // namespace zarn
