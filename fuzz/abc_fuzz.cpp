@@ -6,8 +6,10 @@
 #include "core/score_check.h"
 #include "edit/new_score.h"
 #include "file/native.h"
+#include "fuzz/draw_all.h"
 #include "layout/adjust.h"
 #include "platform/headless/script_host.h"
+#include "render/geometry.h"
 
 #include <cstdint>
 #include <cstdio>
@@ -43,6 +45,7 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const* pBytes, size_t cb)
     user.shown.clear();
     Serious_Rearm();
     Score_New();
+    SetWindowUnits({0, 0, 1200, 800});
 
     HFILE const hFile = File_FromBytes({reinterpret_cast<char const*>(pBytes), cb});
     std::vector<AbcTuneRow> const aRows = Abc_ListTunes(hFile);
@@ -51,7 +54,8 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const* pBytes, size_t cb)
     MiniAdjust();
     Check("reading and mini adjust");
     FullAdjust();
-    Check("full adjust");
+    DrawAll();
+    Check("full adjust and drawing");
     std::string sSaved;
     HFILE const hSaved = File_IntoString(&sSaved);
     if (!Native_Write(hSaved))

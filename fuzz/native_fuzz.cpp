@@ -3,6 +3,7 @@
 #include "core/score.h"
 #include "core/score_check.h"
 #include "file/native.h"
+#include "fuzz/draw_all.h"
 #include "layout/adjust.h"
 #include "platform/headless/script_host.h"
 #include "platform/host.h"
@@ -69,8 +70,11 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const* pBytes, size_t cb)
 
     (void)Load({reinterpret_cast<char const*>(pBytes), cb});
     ExpectSound("read");
+    DrawAll();
+    ExpectSound("drawn as it came");
     FullAdjust();
-    ExpectSound("adjusted");
+    DrawAll();
+    ExpectSound("adjusted and drawn");
     ForgetEmptyFingerings();
     // The first file written may hold device positions of a stage that its own header doesn't ask for, the second a
     // chord put in order anew, whose notes then take over a fingering: from the third on nothing changes any more.

@@ -1,0 +1,61 @@
+// Drawing for the fuzz targets: on the screen, right-justified, and on paper.
+#include "fuzz/draw_all.h"
+
+#include "layout/place.h"
+#include "layout/right_justify.h"
+#include "midi/play_list.h"
+#include "midi/refresh_pitches.h"
+#include "platform/headless/headless_window.h"
+#include "render/draw_score.h"
+#include "render/font.h"
+#include "render/pages.h"
+
+namespace zarn
+{
+namespace
+{
+constexpr SIZE sizeScreen{1200, 800};
+
+class NullSink : public PageSink
+{
+public:
+    HDC StartPage(int32_t) override
+    {
+        dc = DeviceContext{};
+        dc.pSurface = &surface;
+        return &dc;
+    }
+    void EndPage(HDC) override {}
+
+private:
+    NullSurface surface{{2480, 3508}};
+    DeviceContext dc;
+};
+
+void DrawScreen()
+{
+    NullSurface surface(sizeScreen);
+    DeviceContext dc;
+    dc.pSurface = &surface;
+    SelectObject(&dc, GetStockObject(BLACK_BRUSH));
+    Font_Select(&dc);
+    DrawVisible(&dc, nullptr);
+}
+} // namespace
+
+void DrawAll()
+{
+    ReGrid();
+    DrawScreen();
+    bRightJustified = true;
+    DrawScreen();
+    bRightJustified = false;
+    ReGrid();
+    NullSink sink;
+    DrawPages(sink, {2480, 3508, true, 0});
+    RefreshPitches(lHighestStaff);
+    List listPlay = nullptr;
+    BuildPlayList(&listPlay, lHighestStaff, 0, PlayStyle{}, afPlay);
+    List_Destroy(&listPlay);
+}
+} // namespace zarn
