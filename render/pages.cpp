@@ -14,6 +14,7 @@
 #include "render/ruling.h"
 #include "render/staff_paint.h"
 
+#include <algorithm>
 #include <array>
 #include <limits>
 
@@ -82,8 +83,23 @@ private:
                 if (at.pel->lStrX >= lFrom && IsBelow(at.pel, lYFoot))
                     lTo = LineStart(at.pel->lStrX);
             }
-        // A system taller than the page has a page of its own.
-        return lTo > lFrom ? lTo : NextLine(lFrom);
+        return lTo > lFrom ? lTo : NextLineWithMusic();
+    }
+
+    /// A system taller than the page has a page of its own, and lines that hold nothing have none.
+    [[nodiscard]] int32_t NextLineWithMusic() const
+    {
+        int32_t const lNext = NextLine(lFrom);
+        int32_t lLeast = lNoColumn;
+        for (StaffPlace const& place : aPlace)
+        {
+            StaffPlace at = place;
+            while (at.pel && at.pel->lStrX < lNext)
+                at.Step();
+            if (at.pel)
+                lLeast = std::min(lLeast, at.pel->lStrX);
+        }
+        return lLeast == lNoColumn ? lNoColumn : LineStart(lLeast);
     }
 
     bool Draw(int32_t lPage, int32_t lTo)

@@ -437,6 +437,15 @@ TEST_F(Drawing, PagesLeaveUnitsAndScrollAsTheyWere)
     EXPECT_EQ(At(1, 1)->lY, y);
 }
 
+TEST_F(Drawing, LinesBeyondAnyScrollAreNotLookedThroughOneByOne)
+{
+    Write(1, "clef:1 n4/48 n4/48");
+    StaffLast(1)->lStrX = 2'000'000'000;
+    lColsPerLine = 1;
+    SetUnits();
+    EXPECT_LT(Count(DrawnPage(), "page"), 10);
+}
+
 TEST_F(Drawing, ColumnsOutOfADamagedFileEndInAFewPages)
 {
     Write(1, "clef:1 n4/48 n4/48 n4/48 n4/48");
