@@ -109,23 +109,6 @@ void CheckCursors(Complaints& complaints)
             complaints.Add(Format("%s is on no staff", cursor.sName));
 }
 
-/// What can't stand between a restarted line's clef and its NEWLINE.
-bool EndsRestart(int32_t sort) { return sort == NOTE || sort == REST || sort == NEWLINE || Sort_IsBarLike(sort); }
-
-/// A restarted line's clef, key and what stands between them are behind their NEWLINE in columns, and ahead of it in
-/// the List: the column that the NEWLINE must not fall below is the one ahead of that clef.
-int32_t ColumnAheadOfRestart(Element const* pelNewline)
-{
-    constexpr int32_t cMostSigns = 20; // a line opens with no more than a few
-    Element const* pel = Prev(pelNewline);
-    for (int32_t i = 0; i < cMostSigns && pel && pel->sort != CLEF && !EndsRestart(pel->sort); ++i)
-        pel = Prev(pel);
-    if (!pel || pel->sort != CLEF)
-        return INT32_MAX;
-    pel = Prev(pel);
-    return pel ? pel->lStrX : INT32_MIN;
-}
-
 void CheckSlursAreWhole(Complaints& complaints, int32_t lStaff)
 {
     for (Element const* pel = StaffFirst(lStaff); pel; pel = Next(pel))
@@ -133,15 +116,17 @@ void CheckSlursAreWhole(Complaints& complaints, int32_t lStaff)
             complaints.Add(pel, "has no partner");
 }
 
+/// A restarted line's clef and key stand on the new line already, ahead of what is left of the old one; so no symbol is
+/// held against the column of a clef or a key.
 void CheckColumns(Complaints& complaints, int32_t lStaff)
 {
     int32_t lFurthest = INT32_MIN;
     for (Element const* pel = StaffFirst(lStaff); pel; pel = Next(pel))
     {
-        bool const bRestarted = pel->sort == NEWLINE && ColumnAheadOfRestart(pel) <= pel->lStrX;
-        if (pel->lStrX < lFurthest && !bRestarted)
+        if (pel->lStrX < lFurthest)
             complaints.Add(pel, Format("stands behind an element at column %d", lFurthest));
-        lFurthest = std::max(lFurthest, pel->lStrX);
+        if (pel->sort != CLEF && pel->sort != KEYSIG)
+            lFurthest = std::max(lFurthest, pel->lStrX);
     }
 }
 
