@@ -1,0 +1,186 @@
+// The program itself, run as a user runs it: exit status, what it says, and the files that it leaves.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace zarn
+{
+namespace
+{
+namespace fs = std::filesystem;
+
+std::string Contents(fs::path const& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    std::stringstream s;
+    s << file.rdbuf();
+    return s.str();
+}
+
+void Write(fs::path const& path, std::string const& s) { std::ofstream(path, std::ios::binary) << s; }
+
+class CommandLine : public testing::Test
+{
+protected:
+    CommandLine()
+        : folder(fs::temp_directory_path() /
+                 ("zarn-cl-" + std::string(testing::UnitTest::GetInstance()->current_test_info()->name()) + "-" +
+                  std::to_string(::getpid())))
+    {
+        fs::create_directories(folder);
+        Write(folder / "book.abc", "X:1\nT:First\nK:C\nCDEF|GABc|\n\n\nX:7\nT:Second/one\nK:G\nGABc|d4|\n");
+        Write(folder / "bad.abc", "X:1\nT:Bad\nK:C\nC?D sE|\n");
+    }
+    ~CommandLine() override { fs::remove_all(folder); }
+
+    /// Runs zarn in the folder with these words; the exit status.
+    int Run(std::string const& sWords)
+    {
+        std::string const sCommand = "cd '" + folder.string() + "' && '" ZARN_PROGRAM "' " + sWords + " >out 2>err";
+        int const lStatus = std::system(sCommand.c_str());
+        sOut = Contents(folder / "out");
+        sErr = Contents(folder / "err");
+        return WIFEXITED(lStatus) ? WEXITSTATUS(lStatus) : -1;
+    }
+    std::string File(char const* sName) { return Contents(folder / sName); }
+    bool Has(char const* sName) { return fs::exists(folder / sName); }
+
+    fs::path folder;
+    std::string sOut;
+    std::string sErr;
+};
+} // namespace
+
+TEST_F(CommandLine, HelpAndVersionGoToStandardOutput)
+{
+    EXPECT_EQ(Run("--help"), 0);
+    EXPECT_NE(sOut.find("--replay JOURNAL"), std::string::npos);
+    EXPECT_EQ(Run("--version"), 0);
+    EXPECT_EQ(sOut, "zarn " ZARN_VERSION "\n");
+    EXPECT_EQ(sErr, "");
+}
+
+TEST_F(CommandLine, WrongWordsGiveStatusTwoAndOneClearLine)
+{
+    EXPECT_EQ(Run("--nonsense"), 2);
+    EXPECT_NE(sErr.find("unknown option --nonsense"), std::string::npos);
+    EXPECT_EQ(Run("-o x.mid book.abc"), 2);
+    EXPECT_FALSE(Has("x.mid"));
+}
+
+TEST_F(CommandLine, ATuneBecomesAScoreThatReadsBackTheSame)
+{
+    EXPECT_EQ(Run("-o one.zrn book.abc"), 0);
+    EXPECT_EQ(sErr, "");
+    EXPECT_EQ(Run("-o two.zrn one.zrn"), 0);
+    EXPECT_EQ(File("one.zrn"), File("two.zrn"));
+    EXPECT_FALSE(Has("zarn.lst")) << "the listing belongs to the window";
+}
+
+TEST_F(CommandLine, ATuneIsChosenByItsNumber)
+{
+    EXPECT_EQ(Run("-o x.svg --tune 7 book.abc"), 0);
+    EXPECT_NE(File("x.svg").find("Second/one"), std::string::npos);
+    EXPECT_EQ(Run("-o y.svg --tune 8 book.abc"), 1);
+    EXPECT_EQ(sErr, "zarn: book.abc: there is no tune X:8 in the file\n");
+    EXPECT_FALSE(Has("y.svg"));
+}
+
+TEST_F(CommandLine, AllTunesHaveNumberAndTitleInTheirNames)
+{
+    EXPECT_EQ(Run("-o x.svg --tune all book.abc"), 0);
+    EXPECT_TRUE(Has("x-1-First.svg"));
+    EXPECT_TRUE(Has("x-7-Second_one.svg"));
+}
+
+TEST_F(CommandLine, TheListTellsNumbersAndTitles)
+{
+    EXPECT_EQ(Run("--list book.abc"), 0);
+    EXPECT_EQ(sOut, "01: First\n07: Second/one\n");
+}
+
+TEST_F(CommandLine, ACheckTellsEachComplaintOnceWithItsPlace)
+{
+    EXPECT_EQ(Run("--check book.abc"), 0);
+    EXPECT_EQ(sErr, "");
+    EXPECT_EQ(Run("--check bad.abc"), 1);
+    EXPECT_EQ(sErr, "bad.abc:4:2: Ignoring unexpected ABC symbol  \"?D sE|\"\n"
+                    "bad.abc:4:5: s meaning Slur is ignored - sorry\n");
+    EXPECT_EQ(Run("-q --check bad.abc"), 1);
+    EXPECT_EQ(sErr, "");
+}
+
+TEST_F(CommandLine, ADumpGoesToStandardOutput)
+{
+    EXPECT_EQ(Run("--dump book.abc"), 0);
+    EXPECT_TRUE(sOut.starts_with("Score Dump (as requested)\r\n"));
+    EXPECT_NE(sOut.find("sort NOTE"), std::string::npos);
+}
+
+TEST_F(CommandLine, WhatCantBeReadIsToldAndLeavesTheOutputWhole)
+{
+    Write(folder / "x.svg", "precious");
+    Write(folder / "broken.zrn", std::string("\x09\0\0\0\x2A\xB1\x34\x9C\x01\0\0\0", 12));
+    Write(folder / "empty.abc", "");
+    for (char const* sFile : {"nosuch.abc", ".", "broken.zrn", "out"})
+    {
+        EXPECT_EQ(Run(std::string("-o x.svg ") + sFile), 1) << sFile;
+        EXPECT_NE(sErr, "") << sFile;
+        EXPECT_EQ(File("x.svg"), "precious") << sFile;
+    }
+}
+
+TEST_F(CommandLine, WhatCantBeWrittenIsToldAndLeavesNothingBehind)
+{
+    EXPECT_EQ(Run("-o nosuch/x.svg book.abc"), 1);
+    EXPECT_EQ(sErr, "zarn: nosuch/x.svg: the file can't be written there\n");
+    fs::create_directory(folder / "dir.svg");
+    EXPECT_EQ(Run("-o dir.svg book.abc"), 1);
+    auto const cEntries = std::distance(fs::directory_iterator(folder), fs::directory_iterator());
+    EXPECT_EQ(cEntries, 5) << "two tunes, what it said twice, and the folder";
+}
+
+TEST_F(CommandLine, APageThatIsntThereIsTold)
+{
+    EXPECT_EQ(Run("-o x.svg --page 2 book.abc"), 1);
+    EXPECT_EQ(sErr, "zarn: x.svg: there is no page 2; the last one is 1\n");
+    EXPECT_FALSE(Has("x.svg"));
+}
+
+TEST_F(CommandLine, TheDrawingAreaIsThePicturesSize)
+{
+    EXPECT_EQ(Run("-o x.svg --size 640x480 book.abc"), 0);
+    EXPECT_NE(File("x.svg").find("640"), std::string::npos);
+    EXPECT_NE(File("x.svg").find("480"), std::string::npos);
+}
+
+TEST_F(CommandLine, AJournalPlaysBackAndWritesWhatCameOut)
+{
+    Write(folder / "j",
+          "size 1000 700\nanswer number 12\ncommand 233\ncommand 309\ncommand 601\nexpect exactly what you "
+          "did\n");
+    EXPECT_EQ(Run("--replay j -o x.zrn book.abc"), 0);
+    EXPECT_NE(sErr.find("question: Left margin percent (0) -> number 12"), std::string::npos);
+    EXPECT_TRUE(Has("x.zrn"));
+    Write(folder / "k", "command 601\nexpect nothing of the kind\n");
+    EXPECT_EQ(Run("--replay k book.abc"), 1);
+    EXPECT_EQ(Run("--replay nosuch book.abc"), 1);
+}
+
+TEST_F(CommandLine, PaperAndPicturesNeedNoDisplay)
+{
+    if (!ZARN_HAS_DESKTOP)
+        GTEST_SKIP() << "built without the desktop module";
+    EXPECT_EQ(Run("-o x.pdf book.abc"), 0) << sErr;
+    EXPECT_EQ(sErr, "");
+    EXPECT_TRUE(File("x.pdf").starts_with("%PDF"));
+    EXPECT_EQ(Run("-o x.png -r 192 book.abc"), 0) << sErr;
+    EXPECT_TRUE(File("x.png").starts_with("\x89PNG"));
+}
+} // namespace zarn
