@@ -8,6 +8,7 @@ set -e
 top=$(cd "$(dirname "$0")" && pwd)
 . "$top/packaging/packages.sh"
 export LC_ALL=C.UTF-8
+export LSAN_OPTIONS="suppressions=$top/tests/lsan.supp:print_suppressions=0"
 jobs=$(nproc 2>/dev/null || echo 2)
 
 # Configures and builds a preset, then runs its tests.
