@@ -143,7 +143,7 @@ private:
                     Serious("!DrawBeamSet BUG!!");
                     return;
                 }
-                Stub(pel, pelPrev);
+                ShortBeam(pel, pelPrev);
             }
             lRun += pel->lDuration;
             if (pel->beam == BEAM_LAST)
@@ -168,7 +168,7 @@ private:
         VLine(hdc, tip.x, pel->lY, yBeam, lStemPerCent);
     }
 
-    /// The next note of the set with a stem of its own, for a stub at the start of a beat.
+    /// The next note of the set with a stem of its own, for a short beam at the start of a beat.
     [[nodiscard]] Element* PointForward(Element* pel, Element* pelPrev) const
     {
         int32_t const xStem = StemTip(pel, bUp).x;
@@ -179,7 +179,7 @@ private:
         return !pelPrev || bInSet ? pelNext : pelPrev;
     }
 
-    void Stub(Element const* pel, Element const* pelTowards)
+    void ShortBeam(Element const* pel, Element const* pelTowards)
     {
         int32_t const xStem = StemTip(pel, bUp).x;
         auto const xMiddle = static_cast<int32_t>((int64_t{StemTip(pelTowards, bUp).x} + xStem) / 2);
