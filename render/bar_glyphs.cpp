@@ -104,7 +104,7 @@ int32_t ArpeggioBracket(HDC hdc, int32_t x, int32_t y, bool bStart)
 
 int32_t RepeatFirstLine(HDC hdc, int32_t x1, int32_t x2, int32_t y)
 {
-    if (OffPage(y))
+    if (OffPage(y) || TooFar(x1) || TooFar(x2))
         return 0;
     HLine(hdc, x1 + xunit, y - 2 * yunit, x2 - xunit, 0);
     return 1;
@@ -112,7 +112,7 @@ int32_t RepeatFirstLine(HDC hdc, int32_t x1, int32_t x2, int32_t y)
 
 int32_t RepeatFirstHook(HDC hdc, int32_t x, int32_t y)
 {
-    if (OffPage(y))
+    if (OffPage(y) || TooFar(x))
         return 0;
     VLine(hdc, x, y, y - 3 * yunit, 15);
     Stroke(hdc, x, y - 3 * yunit, x - xunit / 2, y - 2 * yunit, lThickStroke);

@@ -51,7 +51,7 @@ int32_t BeamLimit(POINT head, POINT stem, int32_t xOther)
 /// One beam line for each flag that the duration would have, and a 3 for a triplet.
 void BeamLines(HDC hdc, POINT from, POINT to, int32_t lDuration, bool bUp)
 {
-    if (OffPage(from.y) || OffPage(to.y))
+    if (OffPage(from.y) || OffPage(to.y) || TooFar(from.x) || TooFar(to.x))
         return;
     if (lDuration == 0)
     {
@@ -154,7 +154,7 @@ private:
 
     void StemToBeam(Element const* pel)
     {
-        if (OffPage(ps->lY) && OffPage(pel->lY) && OffPage(pe->lY))
+        if (TooFar(pel->lX) || (OffPage(ps->lY) && OffPage(pel->lY) && OffPage(pe->lY)))
             return;
         POINT const tip = StemTip(pel, pel->up != 0);
         int64_t const lWidth = int64_t{tipEnd.x} - tipStart.x;

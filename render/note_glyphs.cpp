@@ -1,6 +1,7 @@
 // Heads, stems, flags and the marks of a note.
 #include "render/note_glyphs.h"
 
+#include "core/text.h"
 #include "render/colours.h"
 #include "render/geometry.h"
 #include "render/strokes.h"
@@ -61,7 +62,8 @@ int32_t Stem(HDC hdc, int32_t x, int32_t y, bool bUp)
 
 POINT StemEnd(int32_t x, int32_t y, bool bUp)
 {
-    return bUp ? POINT{x + lBlobX / 2, y - lStemLength} : POINT{x - lBlobX / 2, y + lStemLength};
+    int64_t const lSign = bUp ? 1 : -1;
+    return {Clamp32(x + lSign * (lBlobX / 2)), Clamp32(y - lSign * lStemLength)};
 }
 
 int32_t NoteDot(HDC hdc, int32_t x, int32_t y)

@@ -7,6 +7,7 @@
 #include "render/geometry.h"
 #include "render/note_glyphs.h"
 #include "render/reach.h"
+#include "render/strokes.h"
 #include "render/ties.h"
 
 #include <algorithm>
@@ -15,7 +16,7 @@ namespace zarn
 {
 int32_t SlurCurve(HDC hdc, POINT from, POINT to, bool bUnder)
 {
-    if (OffPage(from.y) && OffPage(to.y))
+    if ((OffPage(from.y) && OffPage(to.y)) || TooFar(from.x) || TooFar(to.x))
         return 0;
     int32_t const lOff = bUnder ? lBlobY : -lBlobY;
     return TieCurve(hdc, {from.x - lBlobX / 2, Wrap_Add(from.y, lOff)}, {to.x + lBlobX / 2, Wrap_Add(to.y, lOff)},

@@ -12,6 +12,13 @@ constexpr int32_t lThickStroke = 0; ///< as a stroke's thickness: the standard t
 /// Where the glyph pen stands, for PenStep. Not the device's position.
 inline POINT ptPen;
 
+/// True when x lies where no surface reaches; sums with any other x stay in range.
+[[nodiscard]] constexpr bool TooFar(int32_t x)
+{
+    constexpr int32_t lFurthest = 1'000'000;
+    return x > lFurthest || x < -lFurthest;
+}
+
 /// A line one pixel wide; two pixels deep on paper.
 void HairLine(HDC hdc, int32_t x1, int32_t y1, int32_t x2, int32_t y2);
 /// A level bar, t per cent of a staff space thick, at least one pixel.

@@ -24,7 +24,6 @@ namespace zarn
 namespace
 {
 constexpr int32_t lCursorLineLength = 16; ///< pixels of a line that only a cursor shows
-constexpr int32_t lFurthestX = 1'000'000; ///< pixels; no surface reaches there, and sums with it stay in range
 } // namespace
 
 /// From the stem's foot in its chord to the other end, so that the heads of a flagged chord share one stem.
@@ -194,7 +193,7 @@ static int32_t DrawBySort(HDC hdc, Element* pel, int32_t lClef, bool bCursor)
 
 int32_t DrawSymbol(HDC hdc, HWND hwnd, Element* pel, int32_t lClef, bool bCursor)
 {
-    if (pel->fHidden || pel->lX > lFurthestX || pel->lX < -lFurthestX)
+    if (pel->fHidden || TooFar(pel->lX))
         return 1;
     if (DrawBySort(hdc, pel, lClef, bCursor) && !bCursor)
         RuleLine(hdc, hwnd, pel->lStrX);

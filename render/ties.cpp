@@ -13,7 +13,7 @@ constexpr int32_t lTiePerCent = 40; ///< of a row
 
 int32_t TieCurve(HDC hdc, POINT from, POINT to, bool bUnder)
 {
-    if (OffPage(from.y) && OffPage(to.y))
+    if ((OffPage(from.y) && OffPage(to.y)) || TooFar(from.x) || TooFar(to.x))
         return 0;
     int32_t const r = (bUnder ? 1 : -1) * yunit * lStaffSpace;
     int32_t const lBulge = r * 5 / 4;
