@@ -7,7 +7,7 @@
 
 namespace zarn
 {
-HeadlessProcess::HeadlessProcess(int32_t lWidth, int32_t lHeight)
+HeadlessProcess::HeadlessProcess()
 {
     user.pOnShown = Terminal_Shown;
     host = Host{};
@@ -15,6 +15,10 @@ HeadlessProcess::HeadlessProcess(int32_t lWidth, int32_t lHeight)
     host.pSettings = &settings;
     bAbcListing = false;
     pOnAbcComplaint = Terminal_Complaint;
+}
+
+void HeadlessProcess::BeginConversion(int32_t lWidth, int32_t lHeight)
+{
     Score_StartUp();
     Page_StartUp(lWidth, lHeight);
 }

@@ -9,11 +9,14 @@ class HeadlessProcess
 {
 public:
     /// Settings are the built-in ones, so that a score comes out the same on every machine.
-    /// @param lWidth, lHeight  the drawing area in pixels
-    HeadlessProcess(int32_t lWidth, int32_t lHeight);
-    ~HeadlessProcess();
+    HeadlessProcess();
+    ~HeadlessProcess(); ///< Frees the Score as well.
     HeadlessProcess(HeadlessProcess const&) = delete;
     HeadlessProcess& operator=(HeadlessProcess const&) = delete;
+
+    /// Makes the empty Score of a conversion; an editor that is played back makes its own.
+    /// @param lWidth, lHeight  the drawing area in pixels
+    void BeginConversion(int32_t lWidth, int32_t lHeight);
 
     ScriptHost user;
 

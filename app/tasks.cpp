@@ -42,7 +42,8 @@ static ExportFormat FormatOf(Options const& options)
 
 int32_t Task_Export(Options const& options, DocumentMaker pMaker)
 {
-    HeadlessProcess const process(options.lWidth, options.lHeight);
+    HeadlessProcess process;
+    process.BeginConversion(options.lWidth, options.lHeight);
     std::string const& szPath = options.aFiles[0];
     szTerminalFile = szPath;
     auto const aTunes = Tunes_Wanted(szPath, options);
@@ -70,7 +71,8 @@ static void CheckTune(std::string const& szPath, Tune const& tune, Options const
 
 int32_t Task_Check(Options const& options)
 {
-    HeadlessProcess const process(options.lWidth, options.lHeight);
+    HeadlessProcess process;
+    process.BeginConversion(options.lWidth, options.lHeight);
     Options all = options;
     all.bAllTunes = options.lTune < 0;
     for (std::string const& szPath : options.aFiles)
@@ -87,7 +89,8 @@ int32_t Task_Check(Options const& options)
 
 int32_t Task_Dump(Options const& options)
 {
-    HeadlessProcess const process(options.lWidth, options.lHeight);
+    HeadlessProcess process;
+    process.BeginConversion(options.lWidth, options.lHeight);
     szTerminalFile = options.aFiles[0];
     auto const aTunes = Tunes_Wanted(options.aFiles[0], options);
     if (!aTunes || !ReadScore(options.aFiles[0], aTunes->front().lNumber, options))
@@ -100,7 +103,8 @@ int32_t Task_Dump(Options const& options)
 
 int32_t Task_List(Options const& options)
 {
-    HeadlessProcess const process(options.lWidth, options.lHeight);
+    HeadlessProcess process;
+    process.BeginConversion(options.lWidth, options.lHeight);
     szTerminalFile = options.aFiles[0];
     HFILE const hFile = _lopen(options.aFiles[0]);
     if (!hFile)
@@ -139,7 +143,7 @@ int32_t Task_Replay(Options const& options, DocumentMaker pMaker)
         Terminal_Error("the journal can't be opened");
         return lStatusFailed;
     }
-    HeadlessProcess process(options.lWidth, options.lHeight);
+    HeadlessProcess process;
     process.user.pOnShown = nullptr; // the replay tells in its own words
     ShellDoor door;
     host.pDoor = &door;

@@ -130,8 +130,10 @@ void StaffLines(HDC hdc, int32_t lFromCol, int32_t lRow, int32_t lToCol)
 {
     constexpr int32_t lLines = 5;
     constexpr int32_t lLinePerCent = 10; // of a staff space
-    int32_t const x1 = lLeftMarginPx + Clamp32(int64_t{lFromCol} * lPageWidth / lColsPerLine);
-    int32_t const x2 = lLeftMarginPx + Clamp32(int64_t{lToCol} * lPageWidth / lColsPerLine);
+    int32_t const x1 = Clamp32(lLeftMarginPx + int64_t{lFromCol} * lPageWidth / lColsPerLine);
+    int32_t const x2 = Clamp32(lLeftMarginPx + int64_t{lToCol} * lPageWidth / lColsPerLine);
+    if (TooFar(x1) || TooFar(x2))
+        return;
     for (int32_t lLine = 0; lLine < lLines; ++lLine)
     {
         int32_t const y = Clamp32(lTopMarginPx + (int64_t{lRow} + lLine * lStaffSpace) * lPageHeight / lRowsPerPage);
