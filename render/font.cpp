@@ -9,18 +9,22 @@ namespace zarn
 {
 static HFONT hFont = nullptr;
 
-void Font_Select(HDC hdc)
+bool Font_Make()
 {
     constexpr int32_t lBoldWeight = 700;
-    if (!hFont)
-    {
-        if (lFontScale == -1)
-            (void)LoadSetting(&lFontScale, "Font size scaling factor");
-        // Without a scale both come out as next to nothing, and the platform takes its default size.
-        hFont = CreateFontA(Clamp32(int64_t{yunit} * lFontScale * 4 / 100), Clamp32(int64_t{xunit} * lFontScale / 100),
-                            lBoldWeight);
-    }
     if (hFont)
+        return true;
+    if (lFontScale == -1)
+        (void)LoadSetting(&lFontScale, "Font size scaling factor");
+    // Without a scale both come out as next to nothing, and the platform takes its default size.
+    hFont = CreateFontA(Clamp32(int64_t{yunit} * lFontScale * 4 / 100), Clamp32(int64_t{xunit} * lFontScale / 100),
+                        lBoldWeight);
+    return hFont != nullptr;
+}
+
+void Font_Select(HDC hdc)
+{
+    if (Font_Make())
         SelectObject(hdc, hFont);
 }
 

@@ -6,7 +6,9 @@ namespace zarn
 {
 inline int32_t lFontScale = -1; ///< per cent of the grid's units; -1 until a setting or a command gives one
 
-/// Makes the font when there is none, from the setting where there is one, and selects it.
+/// Makes the font when there is none, from the setting where there is one. False when the platform has none to give.
+bool Font_Make();
+/// The same, and selects it.
 void Font_Select(HDC hdc);
 /// Forgets the font, so that the next Font_Select makes one for the units now in force.
 void Font_Renew();

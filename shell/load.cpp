@@ -137,7 +137,7 @@ bool LoadForExport(std::string const& szName, int32_t lTune, std::string* psErro
     else if (FileTypeOf(szName) == FileType::ABC)
         *psError = "the file holds no tune: no line begins X:";
     else
-        *psError = "the file is not a Zarn score; the name of an ABC file ends in .abc";
+        *psError = "the file can't be read as a Zarn score; the name of an ABC file ends in .abc";
     return false;
 }
 } // namespace zarn

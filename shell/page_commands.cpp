@@ -149,6 +149,8 @@ void AskFontScale()
 {
     lFontScale = NumberPrompt(hwndMain, "Font size scaling factor...", COMMAND_FONTSCALE, lFontScaleOffered);
     Font_Renew();
+    if (!Font_Make())
+        Serious("Could not get font.  Tell Odrian");
     MiniAdjustCommand();
 }
 

@@ -6,6 +6,8 @@
 #include "shell/options.h"
 #include "support/shell_fixture.h"
 
+#include <gmock/gmock.h>
+
 #include <set>
 
 namespace zarn::test
@@ -233,6 +235,17 @@ TEST_F(Commands, TheFontScaleIsOfferedAtAHundred)
     EXPECT_EQ(process.settings.values.at("Font size scaling factor"), 100);
     EXPECT_EQ(Window().ItemText(COMMAND_FONTSCALE), "Font size scaling factor (100)...");
     EXPECT_TRUE(Window().bRepaintOwed);
+}
+
+TEST_F(Commands, AFontThatCantBeMadeIsTold)
+{
+    Start();
+    process.user.shown.clear();
+    process.user.answers.push_back({.kind = Answer::NUMBER, .lNumber = 90});
+    cGdiObjectsLeft = 0;
+    Command(COMMAND_FONTSCALE);
+    cGdiObjectsLeft = -1;
+    EXPECT_THAT(process.user.Messages(), testing::Contains("Could not get font.  Tell Odrian"));
 }
 
 TEST_F(Commands, FullAdjustBarsAndMiniAdjustDoesNot)

@@ -224,7 +224,7 @@ TEST_F(StartUpTest, AConversionReadsByTheSameRoad)
     EXPECT_FALSE(LoadForExport(MakeFile("b.abc", ""), lFirstTune, &sError));
     EXPECT_EQ(sError, "the file holds no tune: no line begins X:");
     EXPECT_FALSE(LoadForExport(MakeFile("c.txt", sTwoTunes), lFirstTune, &sError));
-    EXPECT_EQ(sError, "the file is not a Zarn score; the name of an ABC file ends in .abc");
+    EXPECT_EQ(sError, "the file can't be read as a Zarn score; the name of an ABC file ends in .abc");
     EXPECT_TRUE(LoadForExport(szAbc, lFirstTune, &sError)) << sError;
     EXPECT_EQ(szAbcTune, "The First");
 }
