@@ -44,7 +44,7 @@ public:
             bool const bWanted = !format.lOnlyPage || format.lOnlyPage == lPage;
             if (bWanted && !Draw(lPage, lTo))
                 return lPage;
-            bMore = GoTo(lTo);
+            bMore = lTo != lNoColumn && GoTo(lTo); // what stands at the very last column is out of a damaged file
             if (bMore)
                 lScroll = Clamp32(lScroll + int64_t{SystemHeight()} * (LineOf(lTo) - LineOf(lFrom)));
             lFrom = lTo;

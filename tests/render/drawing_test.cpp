@@ -446,6 +446,13 @@ TEST_F(Drawing, LinesBeyondAnyScrollAreNotLookedThroughOneByOne)
     EXPECT_LT(Count(DrawnPage(), "page"), 10);
 }
 
+TEST_F(Drawing, TheVeryLastColumnEndsThePages)
+{
+    Write(1, "clef:1 n4/48 n4/48");
+    StaffLast(1)->lStrX = INT32_MAX;
+    EXPECT_LT(Count(DrawnPage(), "page"), 10);
+}
+
 TEST_F(Drawing, ColumnsOutOfADamagedFileEndInAFewPages)
 {
     Write(1, "clef:1 n4/48 n4/48 n4/48 n4/48");
