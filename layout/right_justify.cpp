@@ -79,12 +79,17 @@ static void Stretch(Element* pel, Line const& line)
         pel->lX = Clamp32((Cols() - lOtherRoom) * pel->lX / line.lWidth);
 }
 
-void RightJustifyStaff(List list)
+void RightJustifyStaff(List list) { RightJustifyLines(List_FirstAs<Element>(list), 1, nullptr); }
+
+void RightJustifyLines(Element* pelFirst, int32_t lClef, Element const* pelEnd)
 {
     Line line;
-    int32_t lClef = 1;
-    for (Element* pel = List_FirstAs<Element>(list); pel; pel = Next(pel))
+    bool bEndPassed = false;
+    for (Element* pel = pelFirst; pel; pel = Next(pel))
     {
+        bEndPassed = bEndPassed || pel == pelEnd;
+        if (!line.pelFirst && bEndPassed)
+            return;
         if (pel->sort == CLEF)
             lClef = pel->lA;
         Draw_FoldElement(pel, lClef);
@@ -99,6 +104,7 @@ void RightJustifyStaff(List list)
             PlaceClosingBar(pel, line, lClef);
             Draw_FoldElement(pelNext, lClef);
             pelNext->lX = Clamp32((Cols() + 1) * pelNext->lX / line.lWidth);
+            bEndPassed = bEndPassed || pelNext == pelEnd;
             pel = pelNext;
         }
         else if (!bOpeningClef)

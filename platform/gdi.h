@@ -21,6 +21,7 @@ struct Pen
     bool bNull = false;
     int32_t lWidth = 1; ///< pixels
     COLORREF color = 0;
+    bool operator==(Pen const&) const = default;
 };
 
 /// How areas are filled.
@@ -28,6 +29,7 @@ struct Brush
 {
     bool bNull = false;
     COLORREF color = 0;
+    bool operator==(Brush const&) const = default;
 };
 
 /// The face is DejaVu Sans everywhere; what varies is how large, how wide and how heavy.

@@ -55,14 +55,6 @@ public:
 private:
     static int64_t LineOf(int32_t lStrX) { return lStrX / lColsPerLine; }
 
-    /// Folds from a place on for as long as the walk wants it.
-    template <typename Wanted>
-    static void Fold(StaffPlace place, Wanted wanted)
-    {
-        for (; place.pel && wanted(place.pel); place.Step())
-            Draw_FoldElement(place.pel, place.ClefHere());
-    }
-
     static bool IsBelow(Element const* pel, int32_t lYFoot)
     {
         int32_t x = 0;
@@ -115,8 +107,6 @@ private:
             if (!IsVisible(lStaff))
                 continue;
             FoldAround(lStaff, lTo);
-            if (bRightJustified)
-                RightJustifyStaff(aStaffList[lStaff]);
             PaintStaff(hdc, nullptr, aPlace[lStaff], lFrom, lTo);
             if (!StaffFirst(lStaff))
                 RuleLine(hdc, nullptr, 1);
@@ -125,13 +115,17 @@ private:
         return true;
     }
 
-    /// What the page's symbols reach beyond it.
+    /// What the page's symbols reach: they, the line ahead and as much behind as a tie or slur may span.
     void FoldAround(int32_t lStaff, int32_t lTo)
     {
-        Element const* const pelHere = aPlace[lStaff].pel;
-        Fold(aLineBefore[lStaff], [pelHere](Element const* pel) { return pel != pelHere; });
-        int32_t lBehind = 0;
-        Fold(aPlace[lStaff], [&](Element const* pel) { return pel->lStrX < lTo || ++lBehind <= lLongestReach; });
+        StaffPlace const first = aLineBefore[lStaff];
+        StaffPlace end = aPlace[lStaff];
+        for (int32_t lBehind = 0; end.pel && (end.pel->lStrX < lTo || ++lBehind <= lLongestReach);)
+            end.Step();
+        for (StaffPlace at = first; at.pel != end.pel; at.Step())
+            Draw_FoldElement(at.pel, at.ClefHere());
+        if (bRightJustified)
+            RightJustifyLines(first.pel, first.lClef, end.pel);
     }
 
     /// Moves each staff on to lTo; true when something real is left.

@@ -11,6 +11,7 @@ namespace zarn
 namespace
 {
 constexpr int lPaperDpi = 300;
+constexpr int lFiner = 2; // the middle of a pixel of the drawing is a whole unit of the page, too
 constexpr double screenDpi = 96;
 constexpr double metresPerInch = 0.0254;
 constexpr double mostPictureSide = 32767; // what the painter's own coordinates reach
@@ -20,7 +21,7 @@ PdfDocument::PdfDocument(std::string_view sTitle, SIZE size) : size(size)
 {
     buffer.open(QIODevice::WriteOnly);
     QSizeF const inches(double{1} * size.cx / lPaperDpi, double{1} * size.cy / lPaperDpi);
-    writer.setResolution(lPaperDpi);
+    writer.setResolution(lPaperDpi * lFiner);
     writer.setPageSize(QPageSize(inches, QPageSize::Inch, QString(), QPageSize::FuzzyMatch));
     writer.setPageMargins(QMarginsF(0, 0, 0, 0));
     writer.setTitle(ToQt(sTitle));
@@ -30,7 +31,7 @@ PdfDocument::PdfDocument(std::string_view sTitle, SIZE size) : size(size)
 Surface* PdfDocument::StartPage()
 {
     SurfaceTarget const paper{
-        .size = size, .scale = 1, .bRaster = false, .defaultEm = QtSurface().DefaultEm() * lPaperDpi / screenDpi};
+        .size = size, .scale = lFiner, .bRaster = false, .defaultEm = QtSurface().DefaultEm() * lPaperDpi / screenDpi};
     bGood = bGood && (bBegun ? writer.newPage() : surface.Begin(writer, paper));
     bBegun = true;
     return bGood ? &surface : nullptr;

@@ -1,14 +1,18 @@
 // How strokes become crisp.
 //
-// Antialiasing is on, and the painter stands half a pixel to the right and down, so that a hair line covers whole
-// pixels and not two halves. Upright and level boxes and lines, nearly all of a score, aren't stroked at all: they are
-// filled as boxes of whole device pixels, rounded in place and size and at least one wide, so that staff lines are
-// equal at every scale. Slants, heads and dots keep their exact place and are smoothed.
+// Antialiasing is on. A place of the drawing is the middle of its pixel, so that a hair line covers whole pixels and
+// not two halves. Upright and level boxes and lines, nearly all of a score, aren't stroked at all: they are filled as
+// boxes of whole device pixels, rounded in place and size and at least one wide, so that staff lines are equal at every
+// scale. Slants, heads and dots keep their exact place and are smoothed.
+//
+// Everything is placed here, and the painter's own transform stays as it is: on paper each change of state costs as much
+// to write as a symbol.
 #include "platform/desktop/qt_surface.h"
 
 #include "platform/desktop/qt_text.h"
 
 #include <QFont>
+#include <QPainterPath>
 #include <algorithm>
 #include <cmath>
 
@@ -29,8 +33,6 @@ QRectF ToQt(RECT const& box)
     return {left, top, box.right - left, box.bottom - top};
 }
 
-QPointF ToQt(POINT place) { return {double{1} * place.x, double{1} * place.y}; }
-
 bool IsHairLine(Pen const& pen) { return pen.lWidth <= 1; }
 
 /// One colour all over, and no wide pen that reaches beyond the box.
@@ -39,9 +41,21 @@ bool IsSolid(Pen const& pen, Brush const& brush)
     return pen.bNull || (IsHairLine(pen) && !brush.bNull && pen.color == brush.color);
 }
 
-QPen Stroke(Pen const& pen)
+/// An ellipse whose curves begin, bend and end at whole units: paper's are fine enough, and whole numbers are the
+/// shortest to write.
+QPainterPath WholeEllipse(QRectF const& box)
 {
-    return QPen(ColorOf(pen.color), std::max(pen.lWidth, 1), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    constexpr double kappa = 0.5522847498307936; // how far a quarter's handles lie along its sides
+    QPointF const center = box.center();
+    double const handleX = std::round(box.width() / 2 * kappa);
+    double const handleY = std::round(box.height() / 2 * kappa);
+    QPainterPath path(QPointF(box.right(), center.y()));
+    path.cubicTo(box.right(), center.y() + handleY, center.x() + handleX, box.bottom(), center.x(), box.bottom());
+    path.cubicTo(center.x() - handleX, box.bottom(), box.left(), center.y() + handleY, box.left(), center.y());
+    path.cubicTo(box.left(), center.y() - handleY, center.x() - handleX, box.top(), center.x(), box.top());
+    path.cubicTo(center.x() + handleX, box.top(), box.right(), center.y() - handleY, box.right(), center.y());
+    path.closeSubpath();
+    return path;
 }
 
 /// The one face, as the built-in table of widths knows it: no hinting, no kerning.
@@ -63,7 +77,8 @@ bool QtSurface::Begin(QPaintDevice& device, SurfaceTarget const& onWhat)
     if (!painter.begin(&device))
         return false;
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-    painter.setWorldTransform(QTransform(target.scale, 0, 0, target.scale, target.scale / 2, target.scale / 2));
+    penInUse.reset();
+    brushInUse.reset();
     return true;
 }
 
@@ -73,12 +88,13 @@ void QtSurface::Line(POINT from, POINT to, Pen const& pen)
 {
     if (IsHairLine(pen) && (from.x == to.x || from.y == to.y))
     {
-        QRectF const span(ToQt(from), ToQt(to));
-        FillBox(span.normalized().adjusted(0, 0, 1, 1), pen.color);
+        double const left = std::min(from.x, to.x);
+        double const top = std::min(from.y, to.y);
+        FillBox({left, top, std::max(from.x, to.x) + 1.0 - left, std::max(from.y, to.y) + 1.0 - top}, pen.color);
         return;
     }
-    painter.setPen(Stroke(pen));
-    painter.drawLine(ToQt(from), ToQt(to));
+    UsePen(pen);
+    painter.drawLine(Middle(from), Middle(to));
 }
 
 void QtSurface::Box(RECT box, Pen const& pen, Brush const& brush)
@@ -107,15 +123,16 @@ void QtSurface::Ellipse(RECT box, Pen const& pen, Brush const& brush)
         FillBox(whole, pen.bNull ? brush.color : pen.color);
         return;
     }
-    if (IsSolid(pen, brush))
-    {
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(ColorOf(brush.color));
-        painter.drawEllipse(whole.translated(-0.5, -0.5));
-        return;
-    }
-    Shape(pen, brush);
-    painter.drawEllipse(whole.adjusted(0, 0, -1, -1));
+    bool const bSolid = IsSolid(pen, brush);
+    UsePen(bSolid ? Pen{.bNull = true} : pen);
+    UseBrush(brush);
+    double const within = bSolid ? 0 : 0.5; // a pen runs along the middle of the outermost pixels
+    QRectF const outline = whole.adjusted(within, within, -within, -within);
+    QRectF const onDevice(outline.topLeft() * target.scale, outline.size() * target.scale);
+    if (target.bRaster)
+        painter.drawEllipse(onDevice);
+    else
+        painter.drawPath(WholeEllipse(onDevice));
 }
 
 void QtSurface::Polygon(std::span<POINT const> points, Pen const& pen, Brush const& brush)
@@ -123,8 +140,9 @@ void QtSurface::Polygon(std::span<POINT const> points, Pen const& pen, Brush con
     QPolygonF polygon;
     polygon.reserve(static_cast<qsizetype>(points.size()));
     for (POINT const point : points)
-        polygon.append(ToQt(point));
-    Shape(pen, brush);
+        polygon.append(Middle(point));
+    UsePen(pen);
+    UseBrush(brush);
     painter.drawPolygon(polygon);
 }
 
@@ -133,13 +151,13 @@ void QtSurface::Text(double x, double baseline, std::string_view sText, TextStyl
     constexpr double mostPixels = 1000; // beyond it the painter's scale does the rest
     double const pixels = std::clamp(std::round(style.emPixels), 1.0, mostPixels);
     double const ratio = target.scale * style.emPixels / pixels;
-    QTransform const before = painter.worldTransform();
     painter.setWorldTransform(
         QTransform(ratio * style.stretch, 0, 0, ratio, x * target.scale, baseline * target.scale));
     painter.setFont(Face(static_cast<int>(pixels), style.bBold));
     painter.setPen(ColorOf(style.color));
+    penInUse.reset();
     painter.drawText(QPointF(0, 0), ToQt(sText));
-    painter.setWorldTransform(before);
+    painter.resetTransform();
 }
 
 void QtSurface::Fill(RECT box, COLORREF color) { FillBox(ToQt(box), color); }
@@ -175,17 +193,36 @@ void QtSurface::FillOnDevice(QRectF const& box, COLORREF color)
     QRectF const visible = box & surface;
     if (visible.isEmpty())
         return;
-    painter.setWorldMatrixEnabled(false);
     if (target.bRaster)
+    {
         painter.fillRect(visible.toRect(), ColorOf(color));
-    else
-        painter.fillRect(visible, ColorOf(color));
-    painter.setWorldMatrixEnabled(true);
+        return;
+    }
+    UsePen({.bNull = true});
+    UseBrush({.color = color});
+    painter.drawRect(visible);
 }
 
-void QtSurface::Shape(Pen const& pen, Brush const& brush)
+QPointF QtSurface::Middle(POINT place) const
 {
-    painter.setPen(pen.bNull ? QPen(Qt::NoPen) : Stroke(pen));
+    return {(place.x + 0.5) * target.scale, (place.y + 0.5) * target.scale};
+}
+
+void QtSurface::UsePen(Pen const& pen)
+{
+    if (penInUse == pen)
+        return;
+    penInUse = pen;
+    double const width = std::max(pen.lWidth, 1) * target.scale;
+    painter.setPen(pen.bNull ? QPen(Qt::NoPen)
+                             : QPen(ColorOf(pen.color), width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+}
+
+void QtSurface::UseBrush(Brush const& brush)
+{
+    if (brushInUse == brush)
+        return;
+    brushInUse = brush;
     painter.setBrush(brush.bNull ? QBrush(Qt::NoBrush) : QBrush(ColorOf(brush.color)));
 }
 } // namespace zarn

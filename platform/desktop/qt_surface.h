@@ -3,6 +3,7 @@
 #include "platform/gdi.h"
 
 #include <QPainter>
+#include <optional>
 
 namespace zarn
 {
@@ -39,9 +40,13 @@ private:
     void FillBox(QRectF const& box, COLORREF color);
     void FillOnDevice(QRectF const& box, COLORREF color);
     void FrameBox(QRectF const& outer, double width, COLORREF color);
-    void Shape(Pen const& pen, Brush const& brush);
+    [[nodiscard]] QPointF Middle(POINT place) const; ///< of a pixel of the drawing, in device pixels
+    void UsePen(Pen const& pen);
+    void UseBrush(Brush const& brush);
 
     QPainter painter;
     SurfaceTarget target;
+    std::optional<Pen> penInUse; ///< what the painter has; none when it is unknown
+    std::optional<Brush> brushInUse;
 };
 } // namespace zarn

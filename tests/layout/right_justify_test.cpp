@@ -84,6 +84,23 @@ TEST_F(RightJustified, TheColumnsStayAndAReGridPutsThePixelsBack)
     EXPECT_EQ(test::Column(1, &Element::lX), "30 100 1000 30 100");
 }
 
+TEST_F(RightJustified, SomeOfTheLinesComeOutAsWithAllOfThem)
+{
+    std::string const sLines = "x:3 clef:1 x:10 n0/48 x:97 | x:100 nl x:153 clef:2 x:160 n0/48 x:200 | x:310 n0/48 x:390 :| "
+                               "x:400 nl x:455 n0/48 x:480 || x:620 n0/48 x:640 n2/48 x:760 n0/48";
+    std::string const sWhole = Justified(sLines);
+    ASSERT_EQ(sWhole, "30 147 1499 1510 30 294 1499 147 1480 1510 245 1490 735 1470 100");
+    ReGrid();
+    Element* const pelSecondLine = Next(Next(Next(Next(StaffFirst(1)))));
+    Element* const pelFourthLine = Next(Next(Next(Next(Next(Next(pelSecondLine))))));
+    ASSERT_EQ(pelFourthLine->lStrX, 455);
+    RightJustifyLines(pelSecondLine, 1, pelFourthLine);
+    EXPECT_EQ(test::Column(1, &Element::lX), "30 100 970 1000 30 294 1499 147 1480 1510 50 300 200 400 100");
+    RightJustifyLines(StaffFirst(1), 1, Next(StaffFirst(1))); // an end in the middle of a line takes the line
+    RightJustifyLines(pelFourthLine, 2, nullptr);
+    EXPECT_EQ(test::Column(1, &Element::lX), sWhole);
+}
+
 TEST_F(RightJustified, AnEmptyStaffIsNoTrouble) { EXPECT_EQ(Justified(""), ""); }
 } // namespace
 } // namespace zarn
