@@ -9,6 +9,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 build=$(cd "${1:-build/release}" && pwd)
+samples=$PWD/samples
 runs=${RUNS:-10}
 zarn=$build/zarn
 work=$(mktemp -d)
@@ -121,8 +122,8 @@ else
     skip "first painted window: an empty Qt window" "qt6-base-dev isn't installed"
 fi
 if [ "$have_zarn" ]; then
-    paint "first painted window: zarn" "$zarn"
-    if [ -e 10000.zrn ]; then paint "first painted window: zarn, 10000 notes" "$zarn" 10000.zrn; fi
+    paint "first window with music: zarn, a tune" --ink "$zarn" "$samples/cooley.abc"
+    if [ -e 10000.zrn ]; then paint "first window with music: zarn, 10000 notes" --ink "$zarn" 10000.zrn; fi
 else
-    skip "first painted window: zarn" "not built"
+    skip "first window with music: zarn" "not built"
 fi

@@ -1,8 +1,8 @@
-// zarn_first_paint PROGRAM [WORD...]: milliseconds from starting the program to its first painted window.
+// zarn_first_paint [--ink] PROGRAM [WORD...]: milliseconds from starting the program to its first painted window.
 //
 // The window counts as painted when it is mapped, at least 100 pixels wide and high, and its middle is no longer the
-// black that the server starts with. The display is asked every half millisecond, so the figure is true to about one.
-// The program is then told to end.
+// black that the server starts with; with --ink, when its middle is mostly light and has something dark on it: music.
+// The display is asked every half millisecond, so the figure is true to about one. The program is then told to end.
 #include <xcb/xcb.h>
 
 #include <algorithm>
@@ -24,6 +24,8 @@ using Clock = std::chrono::steady_clock;
 constexpr auto longestWait = std::chrono::seconds(30);
 constexpr auto pollEvery = std::chrono::microseconds(500);
 constexpr int smallestSide = 100; // pixels; toolkits map tiny helper windows first
+constexpr int bytesPerPixel = 4;
+constexpr uint8_t middleGrey = 127;
 
 struct Freer
 {
@@ -32,7 +34,7 @@ struct Freer
 template <typename T>
 using Reply = std::unique_ptr<T, Freer>;
 
-bool IsPainted(xcb_connection_t* x, xcb_window_t window)
+bool IsPainted(xcb_connection_t* x, xcb_window_t window, bool bInk)
 {
     Reply<xcb_get_window_attributes_reply_t> const look(
         xcb_get_window_attributes_reply(x, xcb_get_window_attributes(x, window), nullptr));
@@ -47,28 +49,38 @@ bool IsPainted(xcb_connection_t* x, xcb_window_t window)
     if (!image)
         return false;
     uint8_t const* const pBytes = xcb_get_image_data(image.get());
-    for (int n = 0; n + 3 < xcb_get_image_data_length(image.get()); n += 4)
-        if (pBytes[n] || pBytes[n + 1] || pBytes[n + 2])
-            return true;
-    return false;
+    int cLight = 0;
+    int cDark = 0;
+    int const cPixels = xcb_get_image_data_length(image.get()) / bytesPerPixel;
+    for (int n = 0; n < cPixels; ++n)
+    {
+        uint8_t const* const pPixel = pBytes + n * bytesPerPixel;
+        cLight += std::min({pPixel[0], pPixel[1], pPixel[2]}) > middleGrey;
+        cDark += std::max({pPixel[0], pPixel[1], pPixel[2]}) < middleGrey;
+    }
+    return bInk ? cLight > cPixels / 2 && cDark > 0 : cLight > 0;
 }
+
 /// True when a window of any program is painted; the display has no other programs on it.
-bool AnyPainted(xcb_connection_t* x, xcb_window_t root)
+bool AnyPainted(xcb_connection_t* x, xcb_window_t root, bool bInk)
 {
     Reply<xcb_query_tree_reply_t> const tree(xcb_query_tree_reply(x, xcb_query_tree(x, root), nullptr));
     if (!tree)
         return false;
     xcb_window_t const* const pFirst = xcb_query_tree_children(tree.get());
     return std::any_of(pFirst, pFirst + xcb_query_tree_children_length(tree.get()),
-                       [&](xcb_window_t window) { return IsPainted(x, window); });
+                       [&](xcb_window_t window) { return IsPainted(x, window, bInk); });
 }
 } // namespace
 
 int main(int argc, char** argv)
 {
+    bool const bInk = argc > 1 && std::strcmp(argv[1], "--ink") == 0;
+    if (bInk)
+        --argc, ++argv;
     if (argc < 2)
     {
-        std::fputs("usage: zarn_first_paint PROGRAM [WORD...]\n", stderr);
+        std::fputs("usage: zarn_first_paint [--ink] PROGRAM [WORD...]\n", stderr);
         return 2;
     }
     xcb_connection_t* const x = xcb_connect(nullptr, nullptr);
@@ -89,7 +101,7 @@ int main(int argc, char** argv)
     bool ended = false;
     while (!painted && !ended && Clock::now() - start < longestWait)
     {
-        painted = AnyPainted(x, root);
+        painted = AnyPainted(x, root, bInk);
         ended = !painted && waitpid(child, nullptr, WNOHANG) == child;
         if (!painted)
             std::this_thread::sleep_for(pollEvery);

@@ -5,8 +5,8 @@
 // boxes of whole device pixels, rounded in place and size and at least one wide, so that staff lines are equal at every
 // scale. Slants, heads and dots keep their exact place and are smoothed.
 //
-// Everything is placed here, and the painter's own transform stays as it is: on paper each change of state costs as much
-// to write as a symbol.
+// Everything is placed here, and the painter's own transform stays as it is: on paper each change of state costs as
+// much to write as a symbol.
 #include "platform/desktop/qt_surface.h"
 
 #include "platform/desktop/qt_text.h"

@@ -67,9 +67,10 @@ void QtWindow::Invalidate()
     Later([this] { PayRepaint(); });
 }
 
+/// Paints even ahead of the first frame on the screen, so that this one holds the music.
 void QtWindow::Update()
 {
-    PayRepaint();
+    Repaint();
     if (bOnScreen && !bDestroyed)
         pCanvas->repaint();
 }
@@ -160,7 +161,7 @@ void QtWindow::ShowImage(QPainter& painter)
 {
     if (!bOnScreen)
     {
-        // The program's first paint follows at once, out of this one.
+        // Its size is told and what was posted runs at once, but out of this paint.
         bOnScreen = true;
         Later([this] { FirstPaint(); });
     }
@@ -228,7 +229,13 @@ void QtWindow::TellSize()
 void QtWindow::PayRepaint()
 {
     bRepaintPosted = false;
-    if (!bRepaintOwed || !bOnScreen || bPainting || bDestroyed)
+    if (bOnScreen)
+        Repaint();
+}
+
+void QtWindow::Repaint()
+{
+    if (!bRepaintOwed || bPainting || bDestroyed)
         return;
     bRepaintOwed = false;
     bPainting = true;

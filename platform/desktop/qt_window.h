@@ -69,6 +69,7 @@ private:
     void FirstPaint();
     void TellSize();
     void PayRepaint();
+    void Repaint();
     void RenewImage();
     [[nodiscard]] SurfaceTarget Target() const;
 

@@ -33,6 +33,38 @@ TEST_F(DesktopWindow, TellsItsSizeOnceItIsShownAndWheneverItChanges)
     EXPECT_GT(size.cy, 200);
 }
 
+/// Notes how often the program had painted when Qt first painted the canvas.
+class FirstFrame : public QObject
+{
+public:
+    explicit FirstFrame(LinePainter const& painter) : painter(painter) {}
+    int32_t cPaintsAhead = -1;
+
+private:
+    bool eventFilter(QObject* pObject, QEvent* pEvent) override
+    {
+        if (pEvent->type() == QEvent::Paint && cPaintsAhead < 0)
+            cPaintsAhead = painter.cPaints;
+        return QObject::eventFilter(pObject, pEvent);
+    }
+    LinePainter const& painter;
+};
+
+TEST(DesktopStart, AWindowUpdatedBeforeItIsShownHasItsContentsInTheFirstFrame)
+{
+    QtHost desktop;
+    LinePainter painter;
+    HWND const hwnd = desktop.CreateMainWindow("Zarn", &painter);
+    ASSERT_NE(hwnd, nullptr);
+    QMainWindow* const pFrame = static_cast<QMainWindow*>(desktop.MainWindow()->Frame());
+    FirstFrame watch(painter);
+    for (QWidget* const pWidget : pFrame->centralWidget()->findChildren<QWidget*>())
+        pWidget->installEventFilter(&watch);
+    hwnd->Update();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return watch.cPaintsAhead >= 0; }));
+    EXPECT_EQ(watch.cPaintsAhead, 1);
+}
+
 static int32_t cPostedActions = 0;
 
 TEST_F(DesktopWindow, WhatIsPostedRunsLaterAndOnce)
