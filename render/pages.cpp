@@ -115,13 +115,26 @@ private:
         return true;
     }
 
-    /// What the page's symbols reach: they, the line ahead and as much behind as a tie or slur may span.
+    /// What the page's symbols reach: they, the line ahead, the line behind with its first note that a tie may end at,
+    /// and what slurs, first-time bars and beams go on to.
     void FoldAround(int32_t lStaff, int32_t lTo)
     {
         StaffPlace const first = aLineBefore[lStaff];
+        int64_t const lLineBehind = int64_t{lTo} + lColsPerLine;
+        OpenReach reach;
+        bool bNote = false;
         StaffPlace end = aPlace[lStaff];
-        for (int32_t lBehind = 0; end.pel && (end.pel->lStrX < lTo || ++lBehind <= lLongestReach);)
-            end.Step();
+        for (int32_t lBehind = 0; end.pel; end.Step())
+        {
+            if (end.pel->lStrX >= lTo)
+            {
+                bool const bReached = end.pel->lStrX >= lLineBehind && bNote && !reach.IsOpen();
+                if (bReached || ++lBehind > lLongestReach)
+                    break;
+                bNote = bNote || end.pel->sort == NOTE;
+            }
+            reach.Pass(end.pel);
+        }
         for (StaffPlace at = first; at.pel != end.pel; at.Step())
             Draw_FoldElement(at.pel, at.ClefHere());
         if (bRightJustified)

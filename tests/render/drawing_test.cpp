@@ -2,6 +2,7 @@
 #include "core/text.h"
 #include "layout/adjust.h"
 #include "layout/place.h"
+#include "layout/right_justify.h"
 #include "platform/headless/recording_surface.h"
 #include "render/draw_score.h"
 #include "render/font.h"
@@ -381,9 +382,9 @@ std::string PlainPages()
     return surface.All();
 }
 
-std::string RandomTune(std::mt19937& random, int32_t cNotes)
+std::string RandomTune(std::mt19937& random, int32_t cNotes, bool bInside = false)
 {
-    std::string s = "clef:1 time:4/4";
+    std::string s;
     for (int32_t n = 0; n < cNotes; ++n)
     {
         int32_t const lPitch = static_cast<int32_t>(random() % 18) - 4;
@@ -396,6 +397,10 @@ std::string RandomTune(std::mt19937& random, int32_t cNotes)
             s += Format(" slur( n%d/24 n%d/24 n%d/48 slur)", lPitch, lPitch + 1, lPitch - 1);
         else if (random() % 30 == 0)
             s += Format(" |: n%d/96 1st n%d/96 :|", lPitch, lPitch);
+        else if (!bInside && random() % 30 == 0) // reaches over many lines
+            s += " slur(" + RandomTune(random, static_cast<int32_t>(random() % 90), true) + " slur)";
+        else if (!bInside && random() % 60 == 0)
+            s += " 1st" + RandomTune(random, static_cast<int32_t>(random() % 90), true) + " :|";
         else
             s += Format(" n%d/%d", lPitch, lDuration);
     }
@@ -411,7 +416,7 @@ TEST_F(Drawing, PagesAreThoseOfThePlainLoop)
         Score_EmptyStaffs();
         SetStaffCount(lRound % 3 + 1);
         for (int32_t lStaff = 1; lStaff <= lStaffCount; ++lStaff)
-            Write(lStaff, RandomTune(random, 300));
+            Write(lStaff, "clef:1 time:4/4" + RandomTune(random, 300));
         FullAdjust();
         for (int32_t lStaff = 1; lStaff <= lStaffCount; ++lStaff)
             for (Element* pel = StaffFirst(lStaff); pel; pel = Next(pel))
@@ -419,6 +424,11 @@ TEST_F(Drawing, PagesAreThoseOfThePlainLoop)
         std::string const sPlain = PlainPages();
         EXPECT_GT(Count(sPlain, "page"), 2);
         ASSERT_EQ(DrawnPage(), sPlain) << lRound;
+        bRightJustified = true;
+        std::string const sJustified = PlainPages();
+        EXPECT_NE(sJustified, sPlain);
+        ASSERT_EQ(DrawnPage(), sJustified) << lRound;
+        bRightJustified = false;
     }
     SetStaffCount(1);
 }
