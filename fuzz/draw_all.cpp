@@ -5,6 +5,7 @@
 #include "layout/right_justify.h"
 #include "midi/play_list.h"
 #include "midi/refresh_pitches.h"
+#include "midi/repeats.h"
 #include "platform/headless/headless_window.h"
 #include "render/draw_score.h"
 #include "render/font.h"
@@ -41,6 +42,12 @@ void DrawScreen()
     Font_Select(&dc);
     DrawVisible(&dc, nullptr);
 }
+
+void DrawPaper()
+{
+    NullSink sink;
+    DrawPages(sink, {2480, 3508, true, 0});
+}
 } // namespace
 
 void DrawAll()
@@ -51,11 +58,16 @@ void DrawAll()
     DrawScreen();
     bRightJustified = false;
     ReGrid();
-    NullSink sink;
-    DrawPages(sink, {2480, 3508, true, 0});
+    DrawPaper();
+    bRightJustified = true;
+    DrawPaper();
+    bRightJustified = false;
+    ReGrid();
     RefreshPitches(lHighestStaff);
+    Score_BalanceRepeats(true);
     List listPlay = nullptr;
     BuildPlayList(&listPlay, lHighestStaff, 0, PlayStyle{}, afPlay);
     List_Destroy(&listPlay);
+    Score_StripAddedRepeats();
 }
 } // namespace zarn
