@@ -13,15 +13,15 @@ namespace zarn
 constexpr int32_t lRowsOfStaff = 8;
 constexpr int32_t lBarPerCent = 25; ///< of a staff space
 
-int32_t RowsInPixels(int32_t n) { return Clamp32(int64_t{n} * lPageHeight / lRowsPerPage); }
+int32_t RowsInPixels(int64_t n) { return Clamp32(int64_t{Clamp32(n)} * lPageHeight / lRowsPerPage); }
 
 int32_t BarGlyph(HDC hdc, int32_t x, int32_t y, int32_t lStaff)
 {
     if (OffPage(y))
         return 0;
     bool const bTopBand = aStaffRow[std::clamp(lStaff, 0, lHighestStaff)] == 1;
-    int32_t const lRows = bTopBand ? lRowsOfStaff : lRowsOfStaff + lLegersAbove + lLegersBelow;
-    VLine(hdc, x, y, y - RowsInPixels(lRows), lBarPerCent);
+    int64_t const lRows = bTopBand ? lRowsOfStaff : int64_t{lRowsOfStaff} + lLegersAbove + lLegersBelow;
+    VLine(hdc, x, y, Clamp32(int64_t{y} - RowsInPixels(lRows)), lBarPerCent);
     return 1;
 }
 

@@ -8,7 +8,7 @@
 namespace zarn
 {
 /// n rows in pixels of the page.
-[[nodiscard]] int32_t RowsInPixels(int32_t n);
+[[nodiscard]] int32_t RowsInPixels(int64_t n);
 
 /// Below the first band a bar line runs up through the gap and joins the staff above.
 int32_t BarGlyph(HDC hdc, int32_t x, int32_t y, int32_t lStaff);

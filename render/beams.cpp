@@ -162,10 +162,7 @@ private:
             lWidth == 0
                 ? tipStart.y
                 : ((int64_t{tipEnd.x} - tip.x) * tipStart.y + (int64_t{tip.x} - tipStart.x) * tipEnd.y) / lWidth;
-        int32_t const yBeam = Clamp32(y);
-        if (OffPage(pel->lY) || OffPage(yBeam))
-            return;
-        VLine(hdc, tip.x, pel->lY, yBeam, lStemPerCent);
+        VLine(hdc, tip.x, pel->lY, Clamp32(y), lStemPerCent);
     }
 
     /// The next note of the set with a stem of its own, for a short beam at the start of a beat.

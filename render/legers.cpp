@@ -1,9 +1,11 @@
-// Leger lines. A pitch out of a damaged file may lie thousands of lines away; lines that stand off the page on the far
-// side end the work.
+// Leger lines. A pitch out of a damaged file may lie thousands of lines away; only those on the page cost anything.
 #include "render/legers.h"
 
+#include "core/text.h"
 #include "render/geometry.h"
 #include "render/strokes.h"
+
+#include <bit>
 
 namespace zarn
 {
@@ -24,20 +26,27 @@ int32_t DrawLegers(HDC hdc, int32_t lX, int32_t lStrX, int32_t lStaff, int32_t l
     bool const bBelow = lDiaPitch < lLow - 1;
     if (!bBelow && lDiaPitch <= lHigh + 1)
         return 0;
+    int32_t const lFirst = bBelow ? lLow - 2 : lHigh + 2;
     int32_t const lStep = bBelow ? -2 : 2;
-    int32_t r = 0;
-    for (int32_t lPitch = bBelow ? lLow - 2 : lHigh + 2; bBelow ? lPitch >= lDiaPitch : lPitch <= lDiaPitch;
-         lPitch += lStep)
+    auto const PixelRow = [&](int64_t lLeger)
     {
         int32_t x = 0;
         int32_t y = 0;
-        Draw_Fold(lStrX, lPitch, lStaff, lClef, &x, &y);
-        r |= LegerLine(hdc, lX, y);
-        // From here on each line lies further off.
-        bool const bGoneForGood = bBelow ? y > lPageHeight : y < 0;
-        if (bGoneForGood && OffPage(y))
-            break;
-    }
+        Draw_Fold(lStrX, Clamp32(lFirst + lStep * lLeger), lStaff, lClef, &x, &y);
+        return y;
+    };
+    // Each leger lies further out than the one before, so those on the page stand in one run.
+    auto const IsAhead = [&](int64_t lLeger)
+    { return OffPage(PixelRow(lLeger)) && (PixelRow(lLeger) < lTopMarginPx) == bBelow; };
+    // Under a clef that doesn't exist all fold to one place.
+    int64_t const cLegers = lLow == lHigh ? 1 : (int64_t{lDiaPitch} - lFirst) / lStep + 1;
+    int64_t lLeger = 0;
+    for (int64_t lStride = std::bit_floor(static_cast<uint64_t>(cLegers)); lStride > 0; lStride /= 2)
+        if (lLeger + lStride <= cLegers && IsAhead(lLeger + lStride - 1))
+            lLeger += lStride;
+    int32_t r = 0;
+    for (; lLeger < cLegers && !OffPage(PixelRow(lLeger)); ++lLeger)
+        r |= LegerLine(hdc, lX, PixelRow(lLeger));
     return r;
 }
 } // namespace zarn

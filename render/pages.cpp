@@ -9,6 +9,7 @@
 #include "layout/right_justify.h"
 #include "render/font.h"
 #include "render/geometry.h"
+#include "render/page_foot.h"
 #include "render/reach.h"
 #include "render/ruled_lines.h"
 #include "render/ruling.h"
@@ -55,14 +56,6 @@ public:
 private:
     static int64_t LineOf(int32_t lStrX) { return lStrX / lColsPerLine; }
 
-    static bool IsBelow(Element const* pel, int32_t lYFoot)
-    {
-        int32_t x = 0;
-        int32_t yBottomLine = 0;
-        Draw_Fold(pel->lStrX, 2, pel->lStaff, 1, &x, &yBottomLine);
-        return pel->lY > lYFoot || yBottomLine > lYFoot;
-    }
-
     /// Folds the page, and gives the first column that isn't on it any more.
     int32_t FindEnd()
     {
@@ -72,7 +65,7 @@ private:
             for (StaffPlace at = place; at.pel && at.pel->lStrX < lTo; at.Step())
             {
                 Draw_FoldElement(at.pel, at.ClefHere());
-                if (at.pel->lStrX >= lFrom && IsBelow(at.pel, lYFoot))
+                if (at.pel->lStrX >= lFrom && ReachesBelow(at.pel, lYFoot))
                     lTo = LineStart(at.pel->lStrX);
             }
         return lTo > lFrom ? lTo : NextLineWithMusic();
@@ -115,8 +108,8 @@ private:
         return true;
     }
 
-    /// What the page's symbols reach: they, the line ahead, the line behind with its first note that a tie may end at,
-    /// and what slurs, first-time bars and beams go on to.
+    /// What the page's symbols reach: they, the last line of notes ahead, the line behind with its first note that a
+    /// tie may end at, and what slurs, first-time bars and beams go on to.
     void FoldAround(int32_t lStaff, int32_t lTo)
     {
         StaffPlace const first = aLineBefore[lStaff];
@@ -148,13 +141,16 @@ private:
         for (int32_t lStaff = 1; lStaff <= lHighestStaff; ++lStaff)
         {
             StaffPlace& place = aPlace[lStaff];
-            int32_t const lLastLine = lTo == lNoColumn ? lNoColumn : lTo - lColsPerLine;
-            for (bool bBefore = true; place.pel && place.pel->lStrX < lTo; place.Step())
-                if (bBefore && place.pel->lStrX >= lLastLine)
-                {
-                    aLineBefore[lStaff] = place;
-                    bBefore = false;
-                }
+            StaffPlace line = place; // where the line that place stands on begins
+            int32_t lSinceNote = 0;
+            for (; place.pel && place.pel->lStrX < lTo; place.Step())
+            {
+                if (LineOf(place.pel->lStrX) != LineOf(line.pel->lStrX))
+                    line = place;
+                lSinceNote = place.pel->sort == NOTE ? 0 : lSinceNote + 1;
+                if (lSinceNote == 0 || lSinceNote > lLongestReach)
+                    aLineBefore[lStaff] = line;
+            }
             bMore = bMore || IsAnythingLeft(place.pel);
         }
         return bMore;
@@ -165,7 +161,7 @@ private:
     PageSink& sink;
     PageFormat const& format;
     Places aPlace;      ///< the first element of each staff that no page has shown yet
-    Places aLineBefore; ///< the first one on the line ahead of it
+    Places aLineBefore; ///< the first one on the line of the last note ahead of it, which a tie may begin at
     int32_t lFrom = 0;  ///< the page's first column
 };
 } // namespace

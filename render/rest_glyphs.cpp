@@ -77,14 +77,9 @@ static void DemisemiquaverRest(HDC hdc, int32_t x, int32_t y)
     LineTo(hdc, x, y + lStemLength);
 }
 
-int32_t DrawRest(HDC hdc, int32_t x, int32_t y, int32_t lDuration, bool bDotted)
+/// The shape for a plain duration; those below a demisemiquaver have none.
+static int32_t RestShape(HDC hdc, int32_t x, int32_t y, int32_t d)
 {
-    if (OffPage(y))
-        return 0;
-    auto const lPlain = static_cast<int32_t>(int64_t{lDuration} * 2 / 3);
-    int32_t const d = bDotted ? lPlain : lDuration;
-    if (d < 4)
-        return 0;
     if (d >= 97)
         RestBlock(hdc, x, y, false);
     else if (d >= 49)
@@ -95,16 +90,28 @@ int32_t DrawRest(HDC hdc, int32_t x, int32_t y, int32_t lDuration, bool bDotted)
         QuaverRest(hdc, x, y);
     else if (d >= 7)
         SemiquaverRest(hdc, x, y);
-    else
+    else if (d >= 4)
         DemisemiquaverRest(hdc, x, y);
+    else
+        return 0;
+    return 1;
+}
+
+int32_t DrawRest(HDC hdc, int32_t x, int32_t y, int32_t lDuration, bool bDotted)
+{
+    if (OffPage(y))
+        return 0;
+    auto const lPlain = static_cast<int32_t>(int64_t{lDuration} * 2 / 3);
+    int32_t const d = bDotted ? lPlain : lDuration;
+    int32_t r = RestShape(hdc, x, y, d);
     if (bDotted)
     {
         if (lPlain >= 96) // a block is wider than the other rests
             x += lBlobX * 3 / 2;
-        NoteDot(hdc, x, y);
+        r |= NoteDot(hdc, x, y);
     }
     if (IsTupletRest(d))
-        TripletMark(hdc, x, y - 9 * yunit);
-    return 1;
+        r |= TripletMark(hdc, x, y - 9 * yunit);
+    return r;
 }
 } // namespace zarn

@@ -37,6 +37,8 @@ void HLine(HDC hdc, int32_t x1, int32_t y, int32_t x2, int32_t t)
 void VLine(HDC hdc, int32_t x, int32_t y1, int32_t y2, int32_t t)
 {
     int32_t const h = SpacePerCent(t) / 2;
+    y1 = std::clamp(y1, -lFurthest, lFurthest);
+    y2 = std::clamp(y2, -lFurthest, lFurthest);
     if (h >= 1)
         Rectangle(hdc, x - h, y1, x + h, y2);
     else

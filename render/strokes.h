@@ -12,18 +12,17 @@ constexpr int32_t lThickStroke = 0; ///< as a stroke's thickness: the standard t
 /// Where the glyph pen stands, for PenStep. Not the device's position.
 inline POINT ptPen;
 
-/// True when x lies where no surface reaches; sums with any other x stay in range.
-[[nodiscard]] constexpr bool TooFar(int32_t x)
-{
-    constexpr int32_t lFurthest = 1'000'000;
-    return x > lFurthest || x < -lFurthest;
-}
+/// No surface reaches as far, and sums of two such pixels stay in range.
+constexpr int32_t lFurthest = 1'000'000;
+
+/// True when x lies where no surface reaches.
+[[nodiscard]] constexpr bool TooFar(int32_t x) { return x > lFurthest || x < -lFurthest; }
 
 /// A line one pixel wide; two pixels deep on paper.
 void HairLine(HDC hdc, int32_t x1, int32_t y1, int32_t x2, int32_t y2);
 /// A level bar, t per cent of a staff space thick, at least one pixel.
 void HLine(HDC hdc, int32_t x1, int32_t y, int32_t x2, int32_t t);
-/// An upright bar likewise.
+/// An upright bar likewise; either end may lie anywhere.
 void VLine(HDC hdc, int32_t x, int32_t y1, int32_t y2, int32_t t);
 /// A slanted band, t per cent of a row thick, 0 for the standard. bUpright measures its thickness along x.
 void Stroke(HDC hdc, int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t t, bool bUpright = false);

@@ -39,14 +39,12 @@ static void JoinChord(HDC hdc, Element* pel)
         pelOther = ChordLast(pel);
     else if (!pel->up && lChord == fChordBefore)
         pelOther = ChordFirst(pel);
-    if (pelOther && !OffPage(pelOther->lY))
+    if (pelOther && !(OffPage(pel->lY) && OffPage(pelOther->lY)))
         VLine(hdc, pel->up ? pel->lX + (lBlobX >> 1) : pel->lX - (lBlobX >> 1), pel->lY, pelOther->lY, lStemPerCent);
 }
 
 static int32_t DrawNoteSymbol(HDC hdc, Element* pel, int32_t lClef)
 {
-    if (OffPage(pel->lY))
-        return DrawLegers(hdc, pel->lX, pel->lStrX, pel->lStaff, pel->lDiaPitch, lClef);
     NoteLook look;
     look.bUp = pel->up != 0;
     look.lBeam = pel->beam;

@@ -66,8 +66,9 @@ static bool EndsTie(int32_t sort)
 
 static Element* LeftNote(Element* pel)
 {
+    int32_t lWalked = 0;
     for (pel = Prev(pel); pel && pel->sort != NOTE; pel = Prev(pel))
-        if (EndsTie(pel->sort) || pel->sort == TIE)
+        if (EndsTie(pel->sort) || pel->sort == TIE || ++lWalked > lLongestReach)
             return nullptr;
     return ChordFirst(pel);
 }

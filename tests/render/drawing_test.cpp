@@ -9,6 +9,7 @@
 #include "render/geometry.h"
 #include "render/key_signature.h"
 #include "render/note_glyphs.h"
+#include "render/page_foot.h"
 #include "render/pages.h"
 #include "render/symbols.h"
 #include "render/ties.h"
@@ -349,6 +350,17 @@ TEST_F(Drawing, ADamagedBeamIsMendedWithinOnePaint)
 
 namespace
 {
+/// The first column of the first line that reaches below a page's foot.
+int32_t FirstLineBelow(int32_t lYFoot)
+{
+    int32_t lLeast = INT32_MAX;
+    for (int32_t lStaff = 1; lStaff <= lStaffCount; ++lStaff)
+        for (Element const* pel = StaffFirst(lStaff); pel; pel = Next(pel))
+            if (ReachesBelow(pel, lYFoot))
+                lLeast = std::min(lLeast, pel->lStrX);
+    return lLeast == INT32_MAX ? lLeast : LineStart(lLeast);
+}
+
 /// The page loop in its plainest form: all of the Score folded and looked at for each page.
 std::string PlainPages()
 {
@@ -367,9 +379,7 @@ std::string PlainPages()
         dc.pSurface = &surface;
         Font_Select(&dc);
         SelectObject(&dc, GetStockObject(BLACK_BRUSH));
-        int32_t lTo = 0;
-        int32_t lVisibleFrom = 0;
-        VisibleRange(lTopMarginPx + lPageHeight, lTopMarginPx, &lTo, &lVisibleFrom);
+        int32_t lTo = FirstLineBelow(lTopMarginPx + lPageHeight);
         if (lTo <= lFrom)
             lTo = NextLine(lFrom);
         if (!DrawScore(&dc, nullptr, lFrom, lTo))
@@ -431,6 +441,20 @@ TEST_F(Drawing, PagesAreThoseOfThePlainLoop)
         bRightJustified = false;
     }
     SetStaffCount(1);
+}
+
+TEST_F(Drawing, ATieOnANewPageBeginsAtItsNoteBehindALineWithoutOne)
+{
+    Write(1, "n4/48/flag=1 lyr\"word\" tie n4/48/flag=2 n4/48");
+    int32_t const aColumns[] = {160, 310, 460, 470, 480}; // three lines of music stand on a page
+    for (int32_t n = 0; n < 5; ++n)
+    {
+        At(1, n)->lStrX = aColumns[n];
+        At(1, n)->lPitch = 64;
+    }
+    std::string const s = DrawnPage();
+    EXPECT_EQ(Count(s, "page"), 2);
+    EXPECT_EQ(s, PlainPages());
 }
 
 TEST_F(Drawing, PagesLeaveUnitsAndScrollAsTheyWere)
