@@ -28,6 +28,25 @@ int32_t KeyAccid(int32_t lKey, int32_t lDiaPitch)
     return FlatMask(lKey) & lBit ? -1 : 0;
 }
 
+bool Sort_EndsAccidentals(int32_t sort)
+{
+    switch (sort)
+    {
+    case KEYSIG:
+    case BAR:
+    case DOUBLEBAR:
+    case CLEF:
+    case REPEATSTART:
+    case REPEATEND:
+    case REPEATENDSTART:
+        return true;
+    default:
+        return false;
+    }
+}
+
+int32_t AccidentalState(int32_t sort) { return sort == SHARP ? 1 : sort == FLAT ? -1 : sort == NATURAL ? 2 : 0; }
+
 int32_t AccidStateAt(Element const* pel, int32_t lDiaPitch)
 {
     if (!pel)
@@ -37,31 +56,10 @@ int32_t AccidStateAt(Element const* pel, int32_t lDiaPitch)
     {
         if (pel->lStaff != lStaff)
             continue;
-        switch (pel->sort)
-        {
-        case KEYSIG:
-        case BAR:
-        case DOUBLEBAR:
-        case CLEF:
-        case REPEATSTART:
-        case REPEATEND:
-        case REPEATENDSTART:
+        if (Sort_EndsAccidentals(pel->sort))
             return 0;
-        case SHARP:
-            if (pel->lDiaPitch == lDiaPitch)
-                return 1;
-            break;
-        case NATURAL:
-            if (pel->lDiaPitch == lDiaPitch)
-                return 2;
-            break;
-        case FLAT:
-            if (pel->lDiaPitch == lDiaPitch)
-                return -1;
-            break;
-        default:
-            break;
-        }
+        if (Sort_IsAccidental(pel->sort) && pel->lDiaPitch == lDiaPitch)
+            return AccidentalState(pel->sort);
     }
     return 0;
 }

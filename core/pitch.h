@@ -27,6 +27,11 @@ extern int32_t const aFlatKeys[8];
 /// The accidental that the key itself gives a position: 1, -1 or 0. Positions below -70 give 0.
 [[nodiscard]] int32_t KeyAccid(int32_t lKey, int32_t lDiaPitch);
 
+/// The sorts that end every accidental ahead of them: bars of all kinds, a clef, a key signature.
+[[nodiscard]] bool Sort_EndsAccidentals(int32_t sort);
+/// The state that a SHARP, FLAT or NATURAL puts in force: 1, -1 or 2; 0 for any other sort.
+[[nodiscard]] int32_t AccidentalState(int32_t sort);
+
 /// The accidental in force at a place from the elements of its bar, looking back from pel inclusive at its own staff.
 [[nodiscard]] int32_t AccidStateAt(Element const* pel, int32_t lDiaPitch);
 

@@ -17,15 +17,6 @@ InsertRun* pRun = nullptr;
 
 constexpr int64_t lHeadOfStaff = std::numeric_limits<int64_t>::min();
 
-/// What AccidStateAt stops at.
-bool EndsAccidentals(int32_t sort)
-{
-    return sort == KEYSIG || sort == BAR || sort == DOUBLEBAR || sort == CLEF || sort == REPEATSTART ||
-           sort == REPEATEND || sort == REPEATENDSTART;
-}
-
-int32_t StateOf(int32_t sort) { return sort == SHARP ? 1 : sort == FLAT ? -1 : 2; }
-
 bool StartsChord(Element const* pel) { return pel->sort == NOTE && (pel->lA & fChordBits) == fChordMore; }
 } // namespace
 
@@ -90,10 +81,10 @@ void StaffTail::Rebuild(Element* pel, int32_t lStaff)
             start = {pel, lPlace};
         if (!bOwn || lBarrier != lHeadOfStaff)
             continue;
-        if (EndsAccidentals(pel->sort))
+        if (Sort_EndsAccidentals(pel->sort))
             lBarrier = lPlace;
         else if (Sort_IsAccidental(pel->sort))
-            accidentals.try_emplace(pel->lDiaPitch, Accidental{StateOf(pel->sort), lPlace});
+            accidentals.try_emplace(pel->lDiaPitch, Accidental{AccidentalState(pel->sort), lPlace});
     }
 }
 
@@ -126,7 +117,7 @@ void StaffTail::Appended(Element* pel)
     lStamp += 2;
     if (pel->sort == NOTE)
         openChord.clear(); // a single note ends the walk of one that looks for its chord
-    if (EndsAccidentals(pel->sort))
+    if (Sort_EndsAccidentals(pel->sort))
         Barrier();
     if (pel->sort == CLEF)
         lClef = pel->lA;
@@ -135,7 +126,7 @@ void StaffTail::Appended(Element* pel)
     else if (pel->sort == TRANSPOSE)
         lTranspose = pel->lA;
     else if (Sort_IsAccidental(pel->sort))
-        accidentals.insert_or_assign(pel->lDiaPitch, Accidental{StateOf(pel->sort), lStamp});
+        accidentals.insert_or_assign(pel->lDiaPitch, Accidental{AccidentalState(pel->sort), lStamp});
 }
 
 void StaffTail::AddedAheadOfChord(Element const* pel)
@@ -143,16 +134,16 @@ void StaffTail::AddedAheadOfChord(Element const* pel)
     if (!Sort_IsAccidental(pel->sort))
     {
         // Signs that rule what follows never come in here; one that did would ask for a new walk.
-        if (EndsAccidentals(pel->sort) || pel->sort == TRANSPOSE)
+        if (Sort_EndsAccidentals(pel->sort) || pel->sort == TRANSPOSE)
             Forget();
         return;
     }
     int64_t const lPlace = start.pel ? start.lStamp - 1 : lHeadOfStaff;
     if (!pelAt || lPlace < lBarrier)
         return;
-    auto const [place, bNew] = accidentals.try_emplace(pel->lDiaPitch, Accidental{StateOf(pel->sort), lPlace});
+    auto const [place, bNew] = accidentals.try_emplace(pel->lDiaPitch, Accidental{AccidentalState(pel->sort), lPlace});
     if (!bNew && start.pel && place->second.lStamp <= lPlace)
-        place->second = {StateOf(pel->sort), lPlace};
+        place->second = {AccidentalState(pel->sort), lPlace};
 }
 
 void StaffTail::ChordBegun()
