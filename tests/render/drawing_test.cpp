@@ -426,7 +426,7 @@ TEST_F(Drawing, PagesAreThoseOfThePlainLoop)
         Score_EmptyStaffs();
         SetStaffCount(lRound % 3 + 1);
         for (int32_t lStaff = 1; lStaff <= lStaffCount; ++lStaff)
-            Write(lStaff, "clef:1 time:4/4" + RandomTune(random, 300));
+            Write(lStaff, "clef:1 time:4/4" + RandomTune(random, 200));
         FullAdjust();
         for (int32_t lStaff = 1; lStaff <= lStaffCount; ++lStaff)
             for (Element* pel = StaffFirst(lStaff); pel; pel = Next(pel))

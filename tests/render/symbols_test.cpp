@@ -2,10 +2,13 @@
 
 #include "core/messages.h"
 #include "core/text.h"
+#include "platform/headless/headless_window.h"
 #include "render/draw_score.h"
 #include "render/key_signature.h"
+#include "render/legers.h"
 #include "render/ruled_lines.h"
 #include "render/ruling.h"
+#include "render/strokes.h"
 #include "support/drawing.h"
 #include "support/glyph_fixture.h"
 #include "support/score_text.h"
@@ -367,6 +370,56 @@ TEST_F(Symbols, APaintTellsWhetherAnythingRealLiesBeyondThePage)
     }
     bPrinting = false;
     EXPECT_FALSE(DrawScore(&dc, nullptr, 0, 150)) << "a paint on the screen goes on to the end";
+}
+
+TEST_F(Symbols, LegersAreThoseOfTheLoopOverEachWhereverTheStaffStands)
+{
+    struct
+    {
+        int32_t lLow;
+        int32_t lHigh;
+    } const aEdges[] = {{2, 10}, {-4, 4}, {-10, -2}, {-6, 2}};
+    for (int32_t const lRows : {0, 60, -200, 300, -3000, 5000})
+        for (int32_t lClef = 1; lClef <= 4; ++lClef)
+            for (int32_t lPitch = -3000; lPitch <= 3000; lPitch += lPitch > -30 && lPitch < 30 ? 1 : 97)
+            {
+                lScroll = lRows;
+                int32_t r = 0;
+                auto const [lLow, lHigh] = aEdges[lClef - 1];
+                auto const Plain = [&](int32_t lAt)
+                {
+                    int32_t x = 0;
+                    int32_t y = 0;
+                    Draw_Fold(10, lAt, 1, lClef, &x, &y);
+                    r |= LegerLine(&dc, 100, y);
+                };
+                if (lPitch >= lLow - 1)
+                    for (int32_t lAt = lHigh + 2; lAt <= lPitch; lAt += 2)
+                        Plain(lAt);
+                else
+                    for (int32_t lAt = lLow - 2; lAt >= lPitch; lAt -= 2)
+                        Plain(lAt);
+                std::string const sPlain = Taken();
+                ASSERT_EQ(DrawLegers(&dc, 100, 10, 1, lPitch, lClef), r) << lPitch << " scrolled by " << lRows;
+                ASSERT_EQ(Taken(), sPlain) << lPitch << " scrolled by " << lRows;
+            }
+    lScroll = 0;
+}
+
+TEST_F(Symbols, ThePaintSetsTheScrollBarToTheFootOfTheLowestStaffsLastLine)
+{
+    SetStaffCount(2);
+    test::Write(1, "n4/48");
+    test::Write(2, "n4/48");
+    At(1, 0)->lStrX = 310;
+    At(2, 0)->lStrX = 10;
+    HeadlessWindow window("", nullptr);
+    DrawScore(&dc, &window, 0, 0);
+    int32_t y = 0;
+    int32_t lRows = 0;
+    ScrollBottom(310, 2, &y, &lRows);
+    EXPECT_EQ(window.lScrollRange, lRows + 1);
+    SetStaffCount(1);
 }
 } // namespace
 } // namespace zarn
