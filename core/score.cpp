@@ -23,7 +23,8 @@ static void NullCursors()
 {
     pelInsertPoint = nullptr;
     pelMarkBegin = pelMarkEnd = nullptr;
-    pelHighlight = nullptr;
+    pelHighlight = pelPopup = nullptr;
+    KeptCursors_Null();
     pelUndoPlace = pelUndoEnd = nullptr; // what the last edit was stays known; only its place is gone
 }
 
@@ -267,7 +268,19 @@ void Undo_StepOff(Element* pel)
         pelUndoEnd = Prev(pel);
 }
 
-Element* Element_Remove(Element* pel)
+static KeptCursor* pInnermostKept = nullptr;
+
+KeptCursor::KeptCursor(Element* pel) : pel(pel), pOuter(pInnermostKept) { pInnermostKept = this; }
+
+KeptCursor::~KeptCursor() { pInnermostKept = pOuter; }
+
+void KeptCursors_Null()
+{
+    for (KeptCursor* p = pInnermostKept; p; p = p->pOuter)
+        p->pel = nullptr;
+}
+
+void Cursors_StepOff(Element* pel)
 {
     Mark_StepOff(pel);
     Undo_StepOff(pel);
@@ -284,8 +297,18 @@ Element* Element_Remove(Element* pel)
         pelInsertPoint = Prev(pel);
     if (pel == pelHighlight)
         pelHighlight = nullptr;
+    if (pel == pelPopup)
+        pelPopup = nullptr;
+    for (KeptCursor* p = pInnermostKept; p; p = p->pOuter)
+        if (p->pel == pel)
+            p->pel = Prev(pel);
     if (pel->sort == SLUR && pel->pelPartner)
         pel->pelPartner->pelPartner = nullptr;
+}
+
+Element* Element_Remove(Element* pel)
+{
+    Cursors_StepOff(pel);
     return static_cast<Element*>(List_DeleteBackwards(pel));
 }
 

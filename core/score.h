@@ -33,6 +33,7 @@ inline int32_t lInsertStaff = 1;          ///< staff of pelInsertPoint
 inline Element* pelMarkBegin = nullptr;
 inline Element* pelMarkEnd = nullptr;
 inline Element* pelHighlight = nullptr; ///< shown as the one about to be deleted
+inline Element* pelPopup = nullptr;     ///< whose pop-up menu is open
 inline RoomyElement elCurrent;          ///< the current symbol, the template of the next add
 
 inline bool bScoreDirty = false; ///< unsaved changes; every edit sets it
@@ -96,9 +97,31 @@ void Score_EmptyStaffs();  ///< Empties the nine staffs and nulls every cursor i
 void Mark_StepOff(Element* pel);
 void Undo_StepOff(Element* pel);
 
-/// Steps every cursor off pel (the two above, the insert point back, the highlight to null) and deletes it. The slur
-/// partner, if any, is left without one. Gives the element ahead, null when pel was the first.
+/// Steps every cursor off pel: the two above, the insert point and kept cursors back, the highlight and the pop-up to
+/// null. The slur partner, if any, is left without one.
+void Cursors_StepOff(Element* pel);
+
+/// Steps every cursor off pel and deletes it. Gives the element ahead, null when pel was the first.
 Element* Element_Remove(Element* pel);
+
+/// A cursor that an edit keeps while it lays the score out or deletes: it steps back when its element goes, to null at
+/// the head of a staff. Made and destroyed like a stack.
+class KeptCursor
+{
+public:
+    explicit KeptCursor(Element* pel);
+    ~KeptCursor();
+    KeptCursor(KeptCursor const&) = delete;
+    KeptCursor& operator=(KeptCursor const&) = delete;
+
+    Element* pel;
+
+private:
+    friend void Cursors_StepOff(Element* pel);
+    friend void KeptCursors_Null();
+    KeptCursor* pOuter;
+};
+void KeptCursors_Null(); ///< for who empties staffs
 
 /// The first clef, key and time signature of the piece; each stays as it was handed in when the piece tells none.
 void ScoreOpening(int32_t& lClef, int32_t& lKey, int32_t& lNum, int32_t& lDen);
