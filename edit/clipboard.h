@@ -5,8 +5,8 @@
 
 namespace zarn
 {
-/// Moves the mark into the clipboard; hdc and hwnd may be null. Without a mark it leaves bAutoLayout off: the command is
-/// grey then.
+/// Moves the mark into the clipboard; hdc and hwnd may be null. Without a mark it leaves bAutoLayout off: the command
+/// is grey then.
 void Cut(HDC hdc, HWND hwnd);
 /// Copies the mark into the clipboard; without a mark the clipboard becomes empty.
 void Copy();

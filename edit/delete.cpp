@@ -15,8 +15,8 @@
 
 namespace zarn
 {
-constexpr int32_t lCrotchet = 48;       ///< ticks
-constexpr int32_t lLongestEdited = 4;   ///< characters of a harmony that edit mode takes over
+constexpr int32_t lCrotchet = 48;     ///< ticks
+constexpr int32_t lLongestEdited = 4; ///< characters of a harmony that edit mode takes over
 constexpr COLORREF colorWhite = 0xFFFFFF;
 
 /// Draws the element in white over itself.
