@@ -1,160 +1,223 @@
 #!/usr/bin/env python3
-"""The program in a real window: a display that nobody sees, a window manager, and xdotool for a user's hands.
+"""The program as it stands on a screen: a window under a window manager, keys as a keyboard sends them, the picture as
+a monitor shows it.
 
     real_window.py ZARN SAMPLES_FOLDER
 
-Nothing here waits for a fixed time: each step asks again until a deadline. A failure leaves with status 1 and says what
-was waited for; without the tools the run is skipped with status 77.
+Nothing here waits for luck: each step looks again and again until what it expects is there, or the deadline is past.
+Without the tools the run is skipped with status 77.
 """
 import os
 import shutil
-import signal
+import struct
 import subprocess
 import sys
 import tempfile
 import time
+import unittest
 
-DEADLINE = 15.0  # seconds for any one step, on a machine that is busy
-TOOLS = ("Xvfb", "openbox", "xdotool", "xwininfo", "scrot")
-
-
-def until(what, ask):
-    """Asks until the answer is true, and gives it."""
-    end = time.monotonic() + DEADLINE
-    while True:
-        answer = ask()
-        if answer:
-            return answer
-        if time.monotonic() > end:
-            raise AssertionError("waited in vain for: " + what)
-        time.sleep(0.02)
+TOOLS = ("Xvfb", "openbox", "xdotool")
+SKIPPED = 77
+DEADLINE_S = 15  # for any one step, on a machine that is busy
+LOOK_AGAIN_S = 0.02
+FIRST_DISPLAY = 1000
+DISPLAYS = 10000
+SCREEN = (1000, 700)
+LINES_OF_STAFF = 5
+MENU_BAR_ROWS = 60  # title and menu, at most
+COOLEY = "Cooley's (from file 'cooley.abc')"
 
 
-class Desk:
-    """A display with a window manager and an empty home."""
+class Screen:
+    """A display that nobody sees, with a window manager; its picture lies in a file."""
 
-    def __enter__(self):
-        self.home = tempfile.mkdtemp(prefix="zarn-window-")
-        self.programs = []
-        read, write = os.pipe()
-        self.start(["Xvfb", "-displayfd", str(write), "-screen", "0", "1200x900x24", "-nolisten", "tcp"],
-                   os.environ, pass_fds=(write,))
-        os.close(write)
-        with os.fdopen(read) as number:
-            display = ":" + number.readline().strip()
-        self.env = dict(os.environ, DISPLAY=display, HOME=self.home, XDG_CONFIG_HOME=self.home,
-                        XDG_RUNTIME_DIR=self.home, QT_QPA_PLATFORM="xcb", LC_ALL="C.UTF-8")
-        self.start(["openbox"], self.env)
-        until("a window manager", lambda: "_NET_SUPPORTING_WM_CHECK(WINDOW)" in self.tell("xprop", "-root"))
-        return self
+    def __init__(self, folder):
+        self.processes = []
+        self.picture_file = os.path.join(folder, "Xvfb_screen0")
+        self.env = {k: os.environ[k] for k in os.environ if not k.startswith(("QT_", "XDG_", "DBUS_", "WAYLAND_"))}
+        self.env.update(HOME=folder, XDG_RUNTIME_DIR=folder, LC_ALL="C.UTF-8", QT_QPA_PLATFORM="xcb")
+        self.env["DISPLAY"] = self.start_display(folder)
+        manager = self.start(["openbox", "--sm-disable"])
+        wait_until("the window manager", lambda: self.ask("get_num_desktops") is not None, manager)
 
-    def __exit__(self, *_):
-        for program in reversed(self.programs):
-            if program.poll() is None:
-                program.send_signal(signal.SIGTERM)
-                try:
-                    program.wait(5)
-                except subprocess.TimeoutExpired:
-                    program.kill()
-        shutil.rmtree(self.home, ignore_errors=True)
+    def start_display(self, folder):
+        """Under a number of our own: displays that look for a free one can find the same at the same time."""
+        first = FIRST_DISPLAY + os.getpid() % DISPLAYS
+        for display in (":%d" % (first + attempt * DISPLAYS) for attempt in range(3)):
+            read_end, write_end = os.pipe()
+            self.start(["Xvfb", "-displayfd", str(write_end), display, "-screen", "0", "%dx%dx24" % SCREEN,
+                        "-fbdir", folder, "-nolisten", "tcp"], pass_fds=[write_end])
+            os.close(write_end)
+            with os.fdopen(read_end) as number:
+                if number.readline():  # comes when the display is there; empty when it has ended
+                    return display
+        raise AssertionError("no display comes up")
 
-    def start(self, words, env, **more):
-        program = subprocess.Popen(words, env=env, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, **more)
-        self.programs.append(program)
-        return program
+    def start(self, words, **kwargs):
+        process = subprocess.Popen(words, env=self.env, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                                   stderr=subprocess.DEVNULL, **kwargs)
+        self.processes.append(process)
+        return process
 
-    def tell(self, *words):
-        return subprocess.run(words, env=self.env, capture_output=True, text=True, timeout=DEADLINE).stdout
+    def ask(self, *words):
+        """What xdotool answers; None when it can't."""
+        done = subprocess.run(["xdotool", *words], env=self.env, capture_output=True, text=True, check=False)
+        return done.stdout.rstrip("\n") if done.returncode == 0 else None
 
-    def do(self, *words):
-        subprocess.run(("xdotool",) + words, env=self.env, capture_output=True, timeout=DEADLINE, check=False)
+    def active_title(self):
+        return self.ask("getactivewindow", "getwindowname")
 
-    def keys(self, *keys):
-        self.do("key", "--delay", "20", *keys)
-
-    def titles(self):
-        """The titles of all windows that can be seen."""
-        windows = self.tell("xdotool", "search", "--onlyvisible", "--name", ".").split()
-        return [self.tell("xdotool", "getwindowname", window).strip() for window in windows]
-
-    def shows(self, title):
-        try:
-            until("a window called " + title, lambda: title in self.titles())
-        except AssertionError as wrong:
-            raise AssertionError("%s; there are: %s" % (wrong, "; ".join(self.titles()))) from None
-
-    def hides(self, title):
-        until("no window called " + title, lambda: title not in self.titles())
-
-    def active(self):
-        return self.tell("xdotool", "getactivewindow", "getwindowname").strip()
+    def press(self, *keys):
+        subprocess.run(["xdotool", "key", *keys], env=self.env, check=True)
 
     def picture(self):
-        """The bytes of the screen as it is now."""
-        path = os.path.join(self.home, "screen.png")
-        if os.path.exists(path):
-            os.remove(path)
-        self.tell("scrot", path)
-        with open(path, "rb") as file:
-            return file.read()
+        """The rows of the screen, four bytes a pixel."""
+        with open(self.picture_file, "rb") as file:
+            dump = file.read()
+        header = struct.unpack(">25I", dump[:100])
+        header_size, height, bytes_per_row, colours = header[0], header[5], header[12], header[19]
+        begin = header_size + colours * 12
+        return [dump[begin + y * bytes_per_row:begin + (y + 1) * bytes_per_row] for y in range(height)]
+
+    def end(self):
+        for process in reversed(self.processes):
+            process.terminate()
+            try:
+                process.wait(DEADLINE_S)
+            except subprocess.TimeoutExpired:
+                process.kill()
+                process.wait()
 
 
-def opens_a_tune_and_ends_by_the_menu(zarn, samples):
-    with Desk() as desk:
-        tune = os.path.join(samples, "kesh.abc")
-        program = desk.start([zarn, tune], desk.env)
-        title = "The Kesh (from file '%s')" % tune
-        desk.shows(title)
-        until("the keyboard", lambda: desk.active() == title)
-        # Stretching redraws the page: the key's way into the program and back to the screen.
-        until("a picture that stands", lambda: desk.picture() == desk.picture())
-        before = desk.picture()
-        desk.keys("plus")
-        until("a wider page", lambda: desk.picture() != before)
-        desk.keys("ctrl+o")
-        until("the dialog", lambda: desk.active() not in (title, ""))
-        desk.keys("Escape")
-        until("the window again", lambda: desk.active() == title)
-        desk.keys("alt+f")
-        desk.keys("x")
-        # Stretching is no edit, so nothing is asked.
-        until("the end", lambda: program.poll() is not None)
-        assert program.returncode == 0, "status %s" % program.returncode
-
-
-def asks_how_to_begin(zarn, _):
-    with Desk() as desk:
-        program = desk.start([zarn], desk.env)
-        desk.shows("Zarn Message")  # the five things to know, on the very first start
-        until("the keyboard", lambda: desk.active() == "Zarn Message")
-        desk.keys("Return")
-        desk.shows("File source")
-        until("the keyboard", lambda: desk.active() == "File source")
-        desk.keys("Escape")
-        desk.hides("File source")
-        until("the window", lambda: desk.active() not in ("", "File source"))
-        desk.keys("alt+F4")
-        until("the end", lambda: program.poll() is not None)
-        assert program.returncode == 0, "status %s" % program.returncode
-
-
-TESTS = (opens_a_tune_and_ends_by_the_menu, asks_how_to_begin)
-
-
-def main():
-    if any(shutil.which(tool) is None for tool in TOOLS):
-        print("skipped: not all of %s are there" % ", ".join(TOOLS))
-        return 77
-    failed = 0
-    for test in TESTS:
+def wait_until(what, is_so, process):
+    """Looks until is_so() and gives what it gave; fails at the deadline, or as soon as the process has ended."""
+    end = time.monotonic() + DEADLINE_S
+    while time.monotonic() < end:
+        found = is_so()
+        if found:
+            return found
         try:
-            test(*sys.argv[1:3])
-            print("passed: " + test.__name__)
-        except (AssertionError, subprocess.TimeoutExpired) as wrong:
-            failed = 1
-            print("FAILED: %s: %s" % (test.__name__, wrong))
-    return failed
+            status = process.wait(LOOK_AGAIN_S)
+        except subprocess.TimeoutExpired:
+            continue
+        raise AssertionError("waited for %s, but the program ended with status %d" % (what, status))
+    raise AssertionError("waited in vain for " + what)
+
+
+def look_at(picture):
+    """How many rows below the menu are lines of staffs, dark for more than half their width; and how many dark pixels
+    the other rows have."""
+    lines = ink = 0
+    for row in picture[MENU_BAR_ROWS:]:
+        pixels = row[0::4]  # one colour is enough: paper is white and ink is black
+        dark = sum(1 for value in pixels if value < 128)
+        if dark > len(pixels) // 2:
+            lines += 1
+        else:
+            ink += dark
+    return lines, ink
+
+
+class RealWindow(unittest.TestCase):
+    def setUp(self):
+        self.folder = tempfile.mkdtemp(prefix="zarn-window-")
+        self.addCleanup(shutil.rmtree, self.folder)
+        shutil.copy(os.path.join(SAMPLES, "cooley.abc"), self.folder)
+        self.screen = Screen(self.folder)
+        self.addCleanup(self.screen.end)
+
+    def start(self, *words):
+        self.program = self.screen.start([PROGRAM, *words], cwd=self.folder)
+
+    def wait(self, what, is_so):
+        return wait_until(what, is_so, self.program)
+
+    def wait_for_title(self, title):
+        self.wait("a window called " + repr(title), lambda: self.screen.active_title() == title)
+
+    def wait_for_other_picture(self, before):
+        self.wait("another picture", lambda: self.screen.picture() != before)
+
+    def wait_for_picture(self, picture):
+        self.wait("the picture of before", lambda: self.screen.picture() == picture)
+
+    def still_picture(self):
+        """The picture, once two looks in a row see the same."""
+        seen = [None, self.screen.picture()]
+
+        def is_still():
+            seen.append(self.screen.picture())
+            return seen[-1] == seen[-2]
+        self.wait("a picture that stands still", is_still)
+        return seen[-1]
+
+    def open_cooley(self):
+        self.start("cooley.abc")
+        self.wait_for_title(COOLEY)
+        self.wait("music", self.shows_music)
+        return self.still_picture()
+
+    def shows_music(self):
+        lines, ink = look_at(self.screen.picture())
+        return 3 * LINES_OF_STAFF <= lines < 6 * LINES_OF_STAFF and ink > 10000
+
+    def expect_a_clean_end(self):
+        try:
+            self.assertEqual(self.program.wait(DEADLINE_S), 0)
+        except subprocess.TimeoutExpired:
+            self.fail("the program doesn't end")
+
+    def test_signs_with_and_without_shift_stretch_and_squeeze_and_the_menu_leaves(self):
+        before = self.open_cooley()
+        self.screen.press("plus")
+        self.wait_for_other_picture(before)
+        self.screen.press("minus")
+        self.wait_for_picture(before)
+        self.screen.press("alt+plus")
+        self.wait_for_other_picture(before)
+        self.screen.press("alt+f")
+        self.screen.press("x")
+        self.expect_a_clean_end()
+
+    def test_the_menu_and_the_file_dialog_go_away_on_escape(self):
+        before = self.open_cooley()
+        self.screen.press("alt+f")
+        self.wait_for_other_picture(before)
+        self.screen.press("Escape", "Escape")  # the list, then the bar
+        self.wait_for_picture(before)
+        self.screen.press("ctrl+o")
+        self.wait_for_title("Open file")
+        self.screen.press("Escape")
+        self.wait_for_title(COOLEY)
+        self.wait_for_picture(before)
+        self.screen.press("alt+F4")
+        self.expect_a_clean_end()
+
+    def test_a_start_without_a_file_asks_how_to_begin(self):
+        self.start()
+        self.wait_for_title("Zarn Message")
+        self.screen.press("Return")
+        self.wait_for_title("File source")
+        self.screen.press("Escape")
+        self.wait_for_title("Zarn")
+        self.screen.press("alt+F4")
+        self.expect_a_clean_end()
+        self.start()
+        self.wait_for_title("File source")
+        self.screen.press("Escape")
+        self.wait_for_title("Zarn")
+        lines, ink_of_nothing = look_at(self.still_picture())
+        self.assertEqual(lines % LINES_OF_STAFF, 0)
+        self.screen.press("ctrl+n")
+        self.wait("a clef and a time signature", lambda: look_at(self.screen.picture())[1] > ink_of_nothing + 200)
+        self.screen.press("alt+f")
+        self.screen.press("x")
+        self.expect_a_clean_end()
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    if not all(shutil.which(tool) for tool in TOOLS):
+        print("skipped: not all of %s are there" % ", ".join(TOOLS))
+        sys.exit(SKIPPED)
+    PROGRAM, SAMPLES = map(os.path.abspath, sys.argv[1:3])
+    unittest.main(argv=sys.argv[:1])
