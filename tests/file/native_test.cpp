@@ -282,6 +282,29 @@ TEST_F(Native, ANoteWithoutFingeringTakesThatOfTheLastOneThatHadSome)
     EXPECT_EQ(Column(1, &Element::lFret), "-1 255 255");
 }
 
+TEST_F(Native, AFretLosesItsHighBits)
+{
+    Write(1, "n2/48");
+    At(1, 0)->lString = 3;
+    At(1, 0)->lFret = 256 + 7;
+    ASSERT_EQ(Load(Save()), 1);
+    EXPECT_EQ(Column(1, &Element::lString), "3");
+    EXPECT_EQ(Column(1, &Element::lFret), "7");
+}
+
+TEST_F(Native, ATextTooShortForItsRecordIsLostAndNothingElseIs)
+{
+    NativeBytes file(9);
+    Record shortened = TextRecord(TEXT, "", 101);
+    shortened.storage = 96;
+    ASSERT_EQ(Load(file.Add(Note(1)).Add(shortened).Add(Note(3, 9)).End()), 1);
+    std::string const sSaved = Save();
+    ASSERT_EQ(Load(sSaved), 1);
+    EXPECT_EQ(Read(1), "n1/48 text\"\" n3/48");
+    EXPECT_EQ(At(1, 1)->storage, 96);
+    EXPECT_EQ(Save(), sSaved);
+}
+
 TEST_F(Native, SlursPairLastOpenedFirstClosedAndOneWithoutAStartIsToldOf)
 {
     NativeBytes file(9);

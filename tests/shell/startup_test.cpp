@@ -150,6 +150,17 @@ TEST_F(StartUpTest, TheFirstTuneOfAnAbcFileIsReadWithoutAsking)
     EXPECT_NE(StaffFirst(1), nullptr);
 }
 
+TEST_F(StartUpTest, ADamagedScoreWithAnAbcNameGoesToTheAbcReaderWithoutAQuestion)
+{
+    std::string const sHead = Bytes(MakeScoreFile("a.zrn")).substr(0, 60);
+    std::string const szFile = MakeFile("b.ABC", sHead + "\r\n\r\nX:1\r\nT:Mended\r\nK:C\r\nCDEF|\r\n");
+    ASSERT_TRUE(StartUp(szFile));
+    for (Shown const& shown : process.user.shown)
+        EXPECT_EQ(shown.lFlags & MB_ICONQUESTION, 0u) << shown.sText;
+    EXPECT_EQ(Title(), "Mended (from file '" + szFile + "')");
+    EXPECT_FALSE(bScoreDirty);
+}
+
 TEST_F(StartUpTest, AnAbcNameWithoutATuneCantBeRead)
 {
     std::string const szFile = MakeFile("a.abc", "no tune here\n");
