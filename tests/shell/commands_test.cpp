@@ -239,8 +239,6 @@ TEST_F(Commands, TheFontScaleIsOfferedAtAHundred)
 
 TEST_F(Commands, AFontThatCantBeMadeIsTold)
 {
-    Start();
-    process.user.shown.clear();
     process.user.answers.push_back({.kind = Answer::NUMBER, .lNumber = 90});
     cGdiObjectsLeft = 0;
     Command(COMMAND_FONTSCALE);
