@@ -171,4 +171,13 @@ void SelectInsertStaff(int32_t lStaff)
     if (lStaff >= 1 && !IsVisible(lStaff))
         ToggleStaff(lStaff);
 }
+
+void MoveInsertPoint(int32_t x, int32_t y)
+{
+    int32_t lStrX = 0;
+    int32_t lDiaPitch = 0;
+    int32_t lStaff = 0;
+    Draw_Straighten(x, y, &lStrX, &lDiaPitch, &lStaff, 1);
+    pelInsertPoint = FindAtOrBefore(lStrX, lStaff);
+}
 } // namespace zarn

@@ -15,4 +15,6 @@ void SlurOpen();  ///< Pushes pelInsertPoint, unless it is null.
 void SlurClose(); ///< Pops a place and slurs what lies behind it.
 /// pelInsertPoint goes to the last element of the staff, which becomes visible when it is one of 1 to 8.
 void SelectInsertStaff(int32_t lStaff);
+/// pelInsertPoint goes to the element at or ahead of a place in device pixels; lInsertStaff stays.
+void MoveInsertPoint(int32_t x, int32_t y);
 } // namespace zarn

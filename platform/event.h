@@ -33,7 +33,9 @@ enum class ScrollAction : int32_t
     LINEDOWN,
     PAGEUP,
     PAGEDOWN,
-    THUMB
+    THUMB,
+    STRETCH, ///< the wheel with Ctrl: symbols wider apart, or closer
+    SQUEEZE
 };
 
 struct Event

@@ -16,6 +16,7 @@ public:
     virtual ~UserHost() = default;
     virtual int32_t MessageBox(std::string_view sText, std::string_view sCaption, uint32_t lFlags) = 0;
     virtual int32_t RunForm(Form& form) = 0;
+    virtual int32_t PopupMenu(std::vector<MenuItem> const& aMenu, POINT place) = 0;
     virtual HWND CreateMainWindow(std::string_view sTitle, Painter* pPainter) = 0;
     virtual bool ShowHelp(std::string_view sFile) = 0;
     virtual bool AskOpenName(FileDialog& dialog) = 0;
@@ -23,6 +24,7 @@ public:
     virtual bool StartEditor(std::string_view sPath) = 0;
     virtual void Quit(int32_t lCode) = 0;
     virtual uint32_t TickCount() = 0;
+    virtual void Beep() = 0;
 };
 
 struct Host

@@ -35,8 +35,8 @@ constexpr EventForm aForms[] = {
     {"close", EventKind::CLOSE, 0, 0, 0},
 };
 
-constexpr std::string_view aScrolls[] = {"lineup", "linedown", "pageup", "pagedown", "thumb"};
-static_assert(std::size(aScrolls) == static_cast<size_t>(ScrollAction::THUMB) + 1);
+constexpr std::string_view aScrolls[] = {"lineup", "linedown", "pageup", "pagedown", "thumb", "stretch", "squeeze"};
+static_assert(std::size(aScrolls) == static_cast<size_t>(ScrollAction::SQUEEZE) + 1);
 
 constexpr std::string_view aKeys[] = {
     "left", "right", "up", "down", "home", "end", "pageup", "pagedown", "enter", "esc", "space", "backspace", "delete",

@@ -6,7 +6,8 @@
 ///     key NAME [shift] [ctrl] [alt]   right down X Y    answer row N
 ///     palette X Y                     right up X Y      answer form NAME=VALUE ... ok
 ///     piano X Y                       tick MS           expect TEXT...
-///     scroll lineup|linedown|pageup|pagedown|thumb N    midi STATUS DATA1 DATA2
+///     scroll lineup|linedown|pageup|pagedown|stretch|squeeze|thumb N
+///     midi STATUS DATA1 DATA2
 ///     close
 ///
 /// UTF-8; words are parted by blanks; a line whose first sign is # is a comment. A path or text is the rest of the line

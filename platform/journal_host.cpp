@@ -26,6 +26,14 @@ int32_t JournalHost::RunForm(Form& form)
     return lButton;
 }
 
+int32_t JournalHost::PopupMenu(std::vector<MenuItem> const& aMenu, POINT place)
+{
+    int32_t const lCommand = real.PopupMenu(aMenu, place);
+    journal.WriteAnswer(lCommand ? Answer{.kind = Answer::NUMBER, .lNumber = lCommand}
+                                 : Answer{.kind = Answer::CANCEL});
+    return lCommand;
+}
+
 bool JournalHost::AskOpenName(FileDialog& dialog)
 {
     int32_t const lFilter = dialog.lFilter;

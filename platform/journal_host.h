@@ -17,6 +17,7 @@ public:
 
     int32_t MessageBox(std::string_view sText, std::string_view sCaption, uint32_t lFlags) override;
     int32_t RunForm(Form& form) override;
+    int32_t PopupMenu(std::vector<MenuItem> const& aMenu, POINT place) override;
     bool AskOpenName(FileDialog& dialog) override;
     bool AskSaveName(FileDialog& dialog) override;
     HWND CreateMainWindow(std::string_view sTitle, Painter* pPainter) override
@@ -27,6 +28,7 @@ public:
     bool StartEditor(std::string_view sPath) override { return real.StartEditor(sPath); }
     void Quit(int32_t lCode) override { real.Quit(lCode); }
     uint32_t TickCount() override { return real.TickCount(); }
+    void Beep() override { real.Beep(); }
 
 private:
     bool WriteName(FileDialog const& dialog, int32_t lFilterBefore, bool bGiven);

@@ -91,6 +91,31 @@ void SetWaitCursor(HWND hwnd, bool bOn)
         hwnd->SetWaitPointer(bOn);
 }
 
+HDC BeginCursor(HWND hwnd) { return hwnd ? hwnd->BeginCursor() : nullptr; }
+
+void CreateCursor(HWND hwnd, HDC hdc, POINT hotSpot)
+{
+    if (hwnd)
+        hwnd->EndCursor(hdc, hotSpot);
+}
+
+void SetCursor(HWND hwnd, PointerShape shape)
+{
+    if (hwnd)
+        hwnd->ShowPointer(shape);
+}
+
+int32_t TrackPopupMenu(HWND hwnd, std::vector<MenuItem> const& aMenu, POINT place)
+{
+    return hwnd ? host.pUser->PopupMenu(aMenu, place) : 0;
+}
+
+void SetStatusText(HWND hwnd, std::string_view sText)
+{
+    if (hwnd)
+        hwnd->SetStatus(sText);
+}
+
 void SetMenu(HWND hwnd, std::vector<MenuItem> const& aMenu)
 {
     if (hwnd)
@@ -116,6 +141,8 @@ void SetMenuItemInfoA(HWND hwnd, int32_t lCommand, std::string_view sText)
 }
 
 bool WinHelpA(HWND, std::string_view sFile) { return host.pUser && host.pUser->ShowHelp(sFile); }
+
+void MessageBeep(uint32_t) { host.pUser->Beep(); }
 
 void PostQuitMessage(int32_t lCode)
 {

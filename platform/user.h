@@ -69,6 +69,15 @@ struct Form
     [[nodiscard]] FormControl* Find(int32_t lControl);
 };
 
+/// Shapes of the pointer over the score.
+enum class PointerShape
+{
+    ARROW,
+    CROSS,  ///< keyboard mode
+    UP,     ///< over the score while the piano shows
+    SYMBOL, ///< what the last EndCursor made
+};
+
 /// A window of the host's. The main window is the one that scrolls and has a menu; panels are its children.
 class Window
 {
@@ -85,6 +94,12 @@ public:
     virtual void SetPointer(POINT place) = 0;
     virtual POINT Pointer() = 0;
     virtual void SetWaitPointer(bool bOn) = 0;
+    /// An empty picture of 32 by 32 pixels that becomes the symbol pointer: whatever is drawn on it shows in black with
+    /// a light rim. Hand it back with EndCursor. Null when there can be none.
+    virtual HDC BeginCursor() = 0;
+    virtual void EndCursor(HDC hdc, POINT hotSpot) = 0; ///< shows it
+    virtual void ShowPointer(PointerShape shape) = 0;
+    virtual void SetStatus(std::string_view sText) = 0; ///< the status bar's
     virtual void SetMenu(std::vector<MenuItem> const& aMenu) = 0;
     virtual void CheckItem(int32_t lCommand, bool bOn) = 0;
     virtual void EnableItem(int32_t lCommand, bool bOn) = 0;
@@ -121,12 +136,21 @@ void SetScrollInfo(HWND hwnd, int32_t lRange, int32_t lPlace); ///< vertical bar
 void SetCursorPos(HWND hwnd, POINT place);
 [[nodiscard]] POINT GetCursorPos(HWND hwnd);
 void SetWaitCursor(HWND hwnd, bool bOn);
+/// The picture of the symbol pointer, and the pointer made of it, in place of the one before (see Window).
+[[nodiscard]] HDC BeginCursor(HWND hwnd);
+void CreateCursor(HWND hwnd, HDC hdc, POINT hotSpot);
+void SetCursor(HWND hwnd, PointerShape shape);
+/// Opens the menu at a place in client pixels; the command that was chosen, 0 for none.
+[[nodiscard]] int32_t TrackPopupMenu(HWND hwnd, std::vector<MenuItem> const& aMenu, POINT place);
+void SetStatusText(HWND hwnd, std::string_view sText);
 void SetMenu(HWND hwnd, std::vector<MenuItem> const& aMenu);
 void CheckMenuItem(HWND hwnd, int32_t lCommand, bool bOn);
 void EnableMenuItem(HWND hwnd, int32_t lCommand, bool bOn);
 void SetMenuItemInfoA(HWND hwnd, int32_t lCommand, std::string_view sText);
 /// Opens the manual; false when it can't be found.
 [[nodiscard]] bool WinHelpA(HWND hwnd, std::string_view sFile);
+/// The sound of a refusal.
+void MessageBeep(uint32_t lType);
 /// Ends the message loop.
 void PostQuitMessage(int32_t lCode);
 } // namespace zarn

@@ -17,13 +17,57 @@ struct Accelerator
     bool bAlt;
     int32_t lCommand;
 };
-// SHIFT is left out: a letter means the same in both cases, and a sign already tells what SHIFT made of it.
+// SHIFT is left out: a letter means the same in both cases, and a sign already tells what SHIFT made of it. A digit
+// with SHIFT is a rest, and no accelerator.
 constexpr Accelerator aAccelerators[] = {
-    {"n", true, false, COMMAND_NEW},           {"o", true, false, COMMAND_OPEN},
-    {"s", true, false, COMMAND_SAVE},          {"f4", false, true, COMMAND_EXIT},
-    {"a", false, false, COMMAND_FULLADJUST},   {"+", false, false, COMMAND_STRETCHHORIZ},
-    {"-", false, false, COMMAND_SQUEEZEHORIZ}, {"+", false, true, COMMAND_STRETCHVERT},
-    {"-", false, true, COMMAND_SQUEEZEVERT},   {"f1", false, false, COMMAND_HELP},
+    {"n", true, false, COMMAND_NEW},
+    {"o", true, false, COMMAND_OPEN},
+    {"s", true, false, COMMAND_SAVE},
+    {"f4", false, true, COMMAND_EXIT},
+    {"z", true, false, COMMAND_UNDO},
+    {"x", true, false, COMMAND_CUT},
+    {"c", true, false, COMMAND_COPY},
+    {"v", true, false, COMMAND_PASTE},
+    {"<", false, false, COMMAND_MARKBEGIN},
+    {">", false, false, COMMAND_MARKEND},
+    {"f4", false, false, COMMAND_CLEARMARK},
+    {"1", false, false, COMMAND_NOTE},
+    {"2", false, false, COMMAND_NOTE + 1},
+    {"3", false, false, COMMAND_NOTE + 2},
+    {"4", false, false, COMMAND_NOTE + 3},
+    {"5", false, false, COMMAND_NOTE + 4},
+    {"6", false, false, COMMAND_NOTE + 5},
+    {"7", false, false, COMMAND_DEMISEMIQUAVER},
+    {"8", false, false, COMMAND_GRACENOTE},
+    {"{", false, false, COMMAND_REPEATSTART},
+    {"}", false, false, COMMAND_REPEATEND},
+    {"r", false, false, COMMAND_REPEATENDSTART},
+    {"/", false, false, COMMAND_BAR},
+    {"|", false, false, COMMAND_DOUBLEBAR},
+    {"#", false, false, COMMAND_SHARP},
+    {"3", true, false, COMMAND_SHARP}, // where # needs SHIFT, SHIFT+3 is a rest
+    {"=", false, false, COMMAND_NATURAL},
+    {"b", false, false, COMMAND_FLAT},
+    {".", false, false, COMMAND_DOT},
+    {";", false, false, COMMAND_TRIPLET},
+    {",", false, false, COMMAND_STACCATO},
+    {"~", false, false, COMMAND_ORNAMENT},
+    {"space", false, false, COMMAND_SPACE},
+    {"n", false, false, COMMAND_NEWLINE},
+    {"enter", false, true, COMMAND_NEWLINE},
+    {"enter", true, false, COMMAND_NEWLINE},
+    {"v", false, false, COMMAND_INSERTPOINT},
+    {"[", false, false, COMMAND_ARPEGGIOSTART},
+    {"]", false, false, COMMAND_ARPEGGIOEND},
+    {"u", false, false, COMMAND_UPBOW},
+    {"d", false, false, COMMAND_DOWNBOW},
+    {"t", false, false, COMMAND_TIE},
+    {"a", false, false, COMMAND_FULLADJUST},
+    {"+", false, false, COMMAND_STRETCHHORIZ},
+    {"-", false, false, COMMAND_SQUEEZEHORIZ},
+    {"+", false, true, COMMAND_STRETCHVERT},
+    {"-", false, true, COMMAND_SQUEEZEVERT},
+    {"f1", false, false, COMMAND_HELP},
 };
 
 constexpr char const sPlainSigns[] = "`-=[]\\;',./";
@@ -47,6 +91,8 @@ std::string KeyName(Event const& key)
 int32_t Accelerator_Command(Event const& key)
 {
     std::string const sName = KeyName(key);
+    if (key.fShift && sName.size() == 1 && sName[0] >= '0' && sName[0] <= '9')
+        return 0;
     for (Accelerator const& row : aAccelerators)
         if (sName == row.sKey && key.fCtrl == row.bCtrl && key.fAlt == row.bAlt)
             return row.lCommand;

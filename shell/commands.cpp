@@ -1,13 +1,17 @@
 // The dispatcher. The ranges, whose numbers carry a value, are asked first, then the flat table.
 #include "shell/commands.h"
 
+#include "core/messages.h"
 #include "core/score.h"
+#include "shell/edit_commands.h"
 #include "shell/exit.h"
 #include "shell/files.h"
 #include "shell/help.h"
+#include "shell/modes.h"
 #include "shell/options.h"
 #include "shell/page_commands.h"
 #include "shell/staffs_shown.h"
+#include "shell/symbol_commands.h"
 
 namespace zarn
 {
@@ -21,7 +25,13 @@ struct CommandRange
     void (*pRun)(int32_t lValue);
 };
 constexpr CommandRange aRanges[] = {
+    {COMMAND_VOLUME, COMMAND_VOLUME + 8, COMMAND_VOLUME, VolumeCommand},
+    {COMMAND_INSTRUMENT, COMMAND_INSTRUMENT + 127, COMMAND_INSTRUMENT, [](int32_t l) { SymbolCommand(INSTRUMENT, l); }},
+    {COMMAND_TRANSPOSE - 60, COMMAND_TRANSPOSE + 60, COMMAND_TRANSPOSE, [](int32_t l) { SymbolCommand(TRANSPOSE, l); }},
+    {COMMAND_TEMPO, COMMAND_TEMPO + 315, COMMAND_TEMPO, [](int32_t l) { SymbolCommand(TEMPO, l); }},
     {COMMAND_SHOWSTAFF + 1, COMMAND_SHOWSTAFF + lHighestStaff, COMMAND_SHOWSTAFF, ShowOrHideStaff},
+    {COMMAND_KEYKEEPINGTEXT - 6, COMMAND_KEYKEEPINGTEXT + 6, COMMAND_KEYKEEPINGTEXT, KeyKeepingTextCommand},
+    {COMMAND_KEYKEEPINGPITCH - 6, COMMAND_KEYKEEPINGPITCH + 6, COMMAND_KEYKEEPINGPITCH, KeyKeepingPitchCommand},
 };
 
 struct CommandRow
@@ -35,7 +45,71 @@ constexpr CommandRow aCommands[] = {
     {COMMAND_SAVE, SaveCommand},
     {COMMAND_SAVEAS, SaveAsCommand},
     {COMMAND_EXIT, ExitCommand},
+    {COMMAND_UNDO, UndoCommand},
+    {COMMAND_CUT, CutCommand},
+    {COMMAND_COPY, CopyCommand},
+    {COMMAND_PASTE, PasteCommand},
+    {COMMAND_MARKBEGIN, MarkBeginCommand},
+    {COMMAND_MARKEND, MarkEndCommand},
+    {COMMAND_CLEARMARK, ClearMarkCommand},
+    {COMMAND_DUPLICATE, DuplicateCommand},
+    {COMMAND_SLURMARK, SlurMarkCommand},
+    {COMMAND_NOTE, [] { NoteCommand(384); }},
+    {COMMAND_NOTE + 1, [] { NoteCommand(192); }},
+    {COMMAND_NOTE + 2, [] { NoteCommand(96); }},
+    {COMMAND_NOTE + 3, [] { NoteCommand(48); }},
+    {COMMAND_NOTE + 4, [] { NoteCommand(24); }},
+    {COMMAND_NOTE + 5, [] { NoteCommand(12); }},
+    {COMMAND_DEMISEMIQUAVER, [] { NoteCommand(6); }},
+    {COMMAND_GRACENOTE, [] { NoteCommand(0); }},
+    {COMMAND_REST, [] { RestCommand(384); }},
+    {COMMAND_REST + 1, [] { RestCommand(192); }},
+    {COMMAND_REST + 2, [] { RestCommand(96); }},
+    {COMMAND_REST + 3, [] { RestCommand(48); }},
+    {COMMAND_REST + 4, [] { RestCommand(24); }},
+    {COMMAND_REST + 5, [] { RestCommand(12); }},
+    {COMMAND_DEMISEMIQUAVERREST, [] { RestCommand(6); }},
+    {COMMAND_REPEATSTART, [] { SymbolCommand(REPEATSTART); }},
+    {COMMAND_REPEATEND, [] { SymbolCommand(REPEATEND); }},
+    {COMMAND_REPEATENDSTART, [] { SymbolCommand(REPEATENDSTART); }},
+    {COMMAND_REPEATFIRST, [] { SymbolCommand(REPEATFIRST); }},
+    {COMMAND_BAR, [] { SymbolCommand(BAR); }},
+    {COMMAND_DOUBLEBAR, [] { SymbolCommand(DOUBLEBAR); }},
+    {COMMAND_SHARP, [] { SymbolCommand(SHARP); }},
+    {COMMAND_NATURAL, [] { SymbolCommand(NATURAL); }},
+    {COMMAND_FLAT, [] { SymbolCommand(FLAT); }},
+    {COMMAND_SPACE, [] { SymbolCommand(SPACE); }},
+    {COMMAND_NEWLINE, [] { SymbolCommand(NEWLINE); }},
+    {COMMAND_TIE, [] { SymbolCommand(TIE); }},
+    {COMMAND_TREBLECLEF, [] { SymbolCommand(CLEF, 1); }},
+    {COMMAND_ALTOCLEF, [] { SymbolCommand(CLEF, 2); }},
+    {COMMAND_BASSCLEF, [] { SymbolCommand(CLEF, 3); }},
+    {COMMAND_TENORCLEF, [] { SymbolCommand(CLEF, 4); }},
+    {COMMAND_TIME12, [] { SymbolCommand(TIMESIG, 1, 2); }},
+    {COMMAND_TIME12 + 1, [] { SymbolCommand(TIMESIG, 2, 2); }},
+    {COMMAND_TIME12 + 2, [] { SymbolCommand(TIMESIG, 3, 2); }},
+    {COMMAND_TIME12 + 3, [] { SymbolCommand(TIMESIG, 4, 2); }},
+    {COMMAND_TIME24, [] { SymbolCommand(TIMESIG, 2, 4); }},
+    {COMMAND_TIME24 + 1, [] { SymbolCommand(TIMESIG, 3, 4); }},
+    {COMMAND_TIME24 + 2, [] { SymbolCommand(TIMESIG, 4, 4); }},
+    {COMMAND_TIME24 + 3, [] { SymbolCommand(TIMESIG, 6, 4); }},
+    {COMMAND_TIME24 + 4, [] { SymbolCommand(TIMESIG, 6, 8); }},
+    {COMMAND_TIME24 + 5, [] { SymbolCommand(TIMESIG, 9, 8); }},
+    {COMMAND_TIME24 + 6, [] { SymbolCommand(TIMESIG, 12, 8); }},
+    {COMMAND_DOT, DotCommand},
+    {COMMAND_TRIPLET, TripletCommand},
+    {COMMAND_STACCATO, StaccatoCommand},
+    {COMMAND_ORNAMENT, OrnamentCommand},
+    {COMMAND_INSERTPOINT, InsertPointCommand},
+    {COMMAND_ARPEGGIOSTART, [] { SymbolCommand(ARPEGSTART); }},
+    {COMMAND_ARPEGGIOEND, [] { SymbolCommand(ARPEGEND); }},
+    {COMMAND_UPBOW, [] { SymbolCommand(BOWING, 1); }},
+    {COMMAND_DOWNBOW, [] { SymbolCommand(BOWING, 2); }},
+    {COMMAND_INSTRUMENTNUMBER, InstrumentNumberCommand},
     {COMMAND_KEEPBARS, ToggleKeepBars},
+    {COMMAND_CLARINET, ToggleClarinet},
+    {COMMAND_GUITAR, ToggleGuitar},
+    {COMMAND_EDITMODE, ToggleEditMode},
     {COMMAND_SHOWINVISIBLE, ToggleShowInvisible},
     {COMMAND_BEAMQUAVERS, ToggleBeamQuavers},
     {COMMAND_RIGHTJUSTIFIED, ToggleRightJustified},
@@ -55,6 +129,8 @@ constexpr CommandRow aCommands[] = {
     {COMMAND_MINIADJUST, MiniAdjustCommand},
     {COMMAND_REMOVESPURIOUS, RemoveSpuriousCommand},
     {COMMAND_REMOVENEWLINES, RemoveNewlinesCommand},
+    {COMMAND_KEYBOARDMODE, EnterKeyboardMode},
+    {COMMAND_MOUSEMODE, [] { EnterMouseMode(hwndMain); }},
     {COMMAND_STRETCHHORIZ, StretchHorizCommand},
     {COMMAND_SQUEEZEHORIZ, SqueezeHorizCommand},
     {COMMAND_STRETCHVERT, StretchVertCommand},

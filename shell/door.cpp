@@ -6,8 +6,11 @@
 #include "shell/commands.h"
 #include "shell/exit.h"
 #include "shell/files.h"
+#include "shell/keyboard.h"
 #include "shell/main_window.h"
 #include "shell/menu.h"
+#include "shell/mouse.h"
+#include "shell/status.h"
 
 namespace zarn
 {
@@ -15,6 +18,18 @@ static void RunUnlessGrey(int32_t lCommand)
 {
     if (!Menu_IsGrey(lCommand))
         Command_Run(lCommand);
+}
+
+/// Accelerators come first; what they leave goes to the keyboard's own keys.
+static void Key(Event const& key)
+{
+    int32_t const lCommand = Accelerator_Command(key);
+    if (lCommand == 0)
+        Keyboard_Down(key);
+    else if (!Menu_IsGrey(lCommand))
+        Command_Run(lCommand);
+    else if (key.sText.size() == 1 && key.sText[0] >= '1' && key.sText[0] <= '7')
+        Keyboard_Refuse();
 }
 
 void ShellDoor::Receive(Event const& event)
@@ -34,7 +49,22 @@ void ShellDoor::Receive(Event const& event)
         RunUnlessGrey(event.lNumber);
         break;
     case EventKind::KEY:
-        RunUnlessGrey(Accelerator_Command(event));
+        Key(event);
+        break;
+    case EventKind::MOVE:
+        Mouse_Moved({event.x, event.y});
+        break;
+    case EventKind::LEFTDOWN:
+        Mouse_LeftDown({event.x, event.y});
+        break;
+    case EventKind::LEFTUP:
+        Mouse_LeftUp({event.x, event.y});
+        break;
+    case EventKind::RIGHTDOWN:
+        Mouse_RightDown({event.x, event.y});
+        break;
+    case EventKind::RIGHTUP:
+        Mouse_RightUp({event.x, event.y});
         break;
     case EventKind::SCROLL:
         MainWindow_Scrolled(static_cast<ScrollAction>(event.lNumber), event.x);
@@ -45,5 +75,7 @@ void ShellDoor::Receive(Event const& event)
     default:
         break;
     }
+    if (hwndMain)
+        Status_Show();
 }
 } // namespace zarn

@@ -2,12 +2,14 @@
 #include "shell/main_window.h"
 
 #include "core/messages.h"
+#include "core/text.h"
 #include "layout/adjust.h"
 #include "layout/place.h"
 #include "render/draw_score.h"
 #include "render/font.h"
 #include "render/geometry.h"
 #include "render/ruled_lines.h"
+#include "shell/modes.h"
 #include "shell/page_commands.h"
 
 #include <algorithm>
@@ -42,27 +44,49 @@ void MainWindow_Resized(SIZE size)
     InvalidateRect(hwndMain);
 }
 
+void ScrollBy(HWND hwnd, int32_t lDelta, bool fBySystem, bool fLeavePointer)
+{
+    int32_t const lBefore = lScroll;
+    if (fBySystem)
+        ScrollPages(lDelta);
+    else
+        ScrollLines(lDelta);
+    MiniAdjust();
+    InvalidateRect(hwnd);
+    if (fLeavePointer)
+        return;
+    POINT place = GetCursorPos(hwnd);
+    place.y = Clamp32(place.y - (int64_t{lScroll} - lBefore) * yunit);
+    SetCursorPos(hwnd, fMouseMode ? place : SnapToGrid(place));
+}
+
 void MainWindow_Scrolled(ScrollAction action, int32_t lPlace)
 {
     switch (action)
     {
     case ScrollAction::LINEUP:
-        ScrollLines(-1);
+        ScrollBy(hwndMain, -1, false, true);
         break;
     case ScrollAction::LINEDOWN:
-        ScrollLines(1);
+        ScrollBy(hwndMain, 1, false, true);
         break;
     case ScrollAction::PAGEUP:
-        ScrollPages(-1);
+        ScrollBy(hwndMain, -1, true, true);
         break;
     case ScrollAction::PAGEDOWN:
-        ScrollPages(1);
+        ScrollBy(hwndMain, 1, true, true);
         break;
     case ScrollAction::THUMB:
         lScroll = std::max(lPlace, 0);
+        MiniAdjust();
+        InvalidateRect(hwndMain);
+        break;
+    case ScrollAction::STRETCH:
+        StretchHorizCommand();
+        break;
+    case ScrollAction::SQUEEZE:
+        SqueezeHorizCommand();
         break;
     }
-    MiniAdjust();
-    InvalidateRect(hwndMain);
 }
 } // namespace zarn

@@ -16,6 +16,8 @@ public:
 void MainWindow_Created();
 /// The client area has become that large.
 void MainWindow_Resized(SIZE size);
+/// Scrolls by systems or by staff bands, with the pointer staying on its note unless it is to be left alone.
+void ScrollBy(HWND hwnd, int32_t lDelta, bool fBySystem, bool fLeavePointer);
 /// lPlace is for THUMB: rows from the top.
 void MainWindow_Scrolled(ScrollAction action, int32_t lPlace);
 } // namespace zarn

@@ -3,6 +3,7 @@
 
 #include "core/messages.h"
 #include "shell/command_numbers.h"
+#include "shell/menu_parts.h"
 
 #include <set>
 
@@ -15,6 +16,23 @@ static std::vector<MenuItem> FileMenu()
     return {{COMMAND_NEW, "&New...\tCtrl+n"}, {COMMAND_OPEN, "&Open...\tCtrl+o"}, {},
             {COMMAND_SAVE, "&Save\tCtrl+s"},  {COMMAND_SAVEAS, "Save &As..."},    {},
             {COMMAND_EXIT, "E&xit"}};
+}
+
+static std::vector<MenuItem> EditMenu()
+{
+    return {{COMMAND_UNDO, "&Undo\t^Z"},
+            {},
+            {COMMAND_CUT, "Cu&t\t^X", true},
+            {COMMAND_COPY, "&Copy\t^C", true},
+            {COMMAND_PASTE, "&Paste\t^V", true},
+            {},
+            {COMMAND_MARKBEGIN, "Mark &Begin\t<"},
+            {COMMAND_MARKEND, "Mark &End\t>"},
+            {COMMAND_CLEARMARK, "Clear &Mark\tF4"},
+            {},
+            {COMMAND_SLURMARK, "&Slur mark"},
+            {},
+            {COMMAND_INSERTPOINT, "&Insert point for piano\tv"}};
 }
 
 static std::vector<MenuItem> ShowStaffMenu()
@@ -49,6 +67,10 @@ static std::vector<MenuItem> OptionsMenu()
             {COMMAND_ARPEGGIOMARKS, "Show arpeggio marks"},
             {COMMAND_RIGHTJUSTIFIED, "&Right justified"},
             {COMMAND_ADJUSTALWAYS, "&Adjust continuously"},
+            {COMMAND_EDITMODE, "&Edit mode"},
+            {},
+            {COMMAND_CLARINET, "&Clarinet transpose"},
+            {COMMAND_GUITAR, "&Guitar transpose"},
             {},
             {0, "Show staff", false, ShowStaffMenu()},
             {0, "S&ettings", false, SettingsMenu()}};
@@ -56,7 +78,10 @@ static std::vector<MenuItem> OptionsMenu()
 
 static std::vector<MenuItem> ActionMenu()
 {
-    return {{COMMAND_FULLADJUST, "&Full Adjust\ta"},
+    return {{COMMAND_KEYBOARDMODE, "&Keyboard mode\tEsc"},
+            {COMMAND_MOUSEMODE, "Mouse mode\tEsc", true},
+            {},
+            {COMMAND_FULLADJUST, "&Full Adjust\ta"},
             {COMMAND_MINIADJUST, "Mini Adjust"},
             {},
             {COMMAND_REMOVESPURIOUS, "&Remove Spurious #/b"},
@@ -77,6 +102,10 @@ static std::vector<MenuItem> HelpMenu()
 std::vector<MenuItem> const& MainMenu()
 {
     static std::vector<MenuItem> const aMenu = {{0, "&File", false, FileMenu()},
+                                                {0, "&Edit", false, EditMenu()},
+                                                {0, "&Symbols", false, SymbolMenu()},
+                                                {0, "&Tempo", false, TempoMenu()},
+                                                {0, "&Instruments", false, InstrumentMenu()},
                                                 {0, "&Options", false, OptionsMenu()},
                                                 {0, "&Action", false, ActionMenu()},
                                                 {0, "&Help", false, HelpMenu()}};

@@ -2,8 +2,10 @@
 #include "shell/options.h"
 
 #include "core/messages.h"
+#include "core/pitch.h"
 #include "core/score.h"
 #include "core/settings.h"
+#include "edit/delete.h"
 #include "layout/adjust.h"
 #include "layout/right_justify.h"
 #include "render/geometry.h"
@@ -66,8 +68,25 @@ void ToggleChordsBelow()
     FullAdjustAndRepaint();
 }
 
+void ToggleEditMode() { Toggle(bEditMode, COMMAND_EDITMODE); }
+
+/// Both options sound the score at another pitch: one excludes the other.
+static void ToggleTransposed(bool& bOption, int32_t lCommand, bool& bOther, int32_t lOtherCommand)
+{
+    Toggle(bOption, lCommand);
+    if (bOther)
+        Toggle(bOther, lOtherCommand);
+}
+
+void ToggleClarinet() { ToggleTransposed(fClarinetTranspose, COMMAND_CLARINET, fGuitarTranspose, COMMAND_GUITAR); }
+
+void ToggleGuitar() { ToggleTransposed(fGuitarTranspose, COMMAND_GUITAR, fClarinetTranspose, COMMAND_CLARINET); }
+
 void Options_ShowChecks()
 {
+    Menu_Check(COMMAND_EDITMODE, bEditMode);
+    Menu_Check(COMMAND_CLARINET, fClarinetTranspose);
+    Menu_Check(COMMAND_GUITAR, fGuitarTranspose);
     Menu_Check(COMMAND_KEEPBARS, bKeepBarsTogether);
     Menu_Check(COMMAND_SHOWINVISIBLE, bShowLayout);
     Menu_Check(COMMAND_BEAMQUAVERS, bBeamQuavers);

@@ -10,6 +10,9 @@ void ToggleArpeggioMarks();  ///< Mini adjust, repaint.
 void ToggleRightJustified(); ///< Mini adjust, repaint.
 void ToggleAdjustAlways();   ///< Full adjust and repaint when it comes on.
 void ToggleChordsBelow();    ///< Stored; full adjust, repaint.
+void ToggleEditMode();       ///< A deleted symbol becomes the current one.
+void ToggleClarinet();       ///< Either of these two turns the other off.
+void ToggleGuitar();
 
 /// Brings every check mark in line with its flag: at start, and whenever a score has come in.
 void Options_ShowChecks();

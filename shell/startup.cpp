@@ -14,6 +14,7 @@
 #include "shell/load.h"
 #include "shell/main_window.h"
 #include "shell/menu.h"
+#include "shell/modes.h"
 #include "shell/options.h"
 #include "shell/page_commands.h"
 
@@ -44,6 +45,7 @@ static bool MakeMainWindow()
     MainWindow_Created();
     RECT const client = GetClientRect(hwndMain);
     MainWindow_Resized({client.right, client.bottom});
+    Modes_Show();
     return true;
 }
 

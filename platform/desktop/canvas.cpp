@@ -70,12 +70,18 @@ void Canvas::Button(QMouseEvent const& mouse, EventKind left, EventKind right)
 void Canvas::wheelEvent(QWheelEvent* pEvent)
 {
     constexpr int lNotch = 120; // eighths of a degree, as mice report them
+    bool const bZoom = pEvent->modifiers().testFlag(Qt::ControlModifier);
     lWheelTurn += pEvent->angleDelta().y();
     for (; lWheelTurn >= lNotch; lWheelTurn -= lNotch)
-        owner.Receive({.kind = EventKind::SCROLL, .lNumber = static_cast<int32_t>(ScrollAction::LINEUP)});
+        Scroll(bZoom ? ScrollAction::STRETCH : ScrollAction::LINEUP);
     for (; lWheelTurn <= -lNotch; lWheelTurn += lNotch)
-        owner.Receive({.kind = EventKind::SCROLL, .lNumber = static_cast<int32_t>(ScrollAction::LINEDOWN)});
+        Scroll(bZoom ? ScrollAction::SQUEEZE : ScrollAction::LINEDOWN);
     pEvent->accept();
+}
+
+void Canvas::Scroll(ScrollAction action)
+{
+    owner.Receive({.kind = EventKind::SCROLL, .lNumber = static_cast<int32_t>(action)});
 }
 
 void Canvas::dragEnterEvent(QDragEnterEvent* pEvent)

@@ -38,6 +38,7 @@ protected:
     bool focusNextPrevChild(bool) override { return false; } // TAB is a key like any other
 
 private:
+    void Scroll(ScrollAction action);
     void Button(QMouseEvent const& mouse, EventKind left, EventKind right);
 
     CanvasOwner& owner;

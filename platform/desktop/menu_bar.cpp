@@ -45,6 +45,15 @@ void MenuBar::AddCommand(QMenu& menu, MenuItem const& item)
                      });
 }
 
+int32_t MenuBar::Popup(std::vector<MenuItem> const& aItems, QPoint place, QWidget* pParent)
+{
+    QMenu menu(pParent);
+    for (MenuItem const& item : aItems)
+        menu.addAction(ToQt(item.sLabel))->setData(item.lCommand);
+    QAction const* const pChosen = menu.exec(place);
+    return pChosen ? pChosen->data().toInt() : 0;
+}
+
 template <typename ACT>
 void MenuBar::ForEach(int32_t lCommand, ACT act)
 {

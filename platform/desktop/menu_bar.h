@@ -8,6 +8,8 @@
 class QAction;
 class QMenu;
 class QMenuBar;
+class QPoint;
+class QWidget;
 
 namespace zarn
 {
@@ -21,6 +23,9 @@ public:
     void Check(int32_t lCommand, bool bOn);
     void Enable(int32_t lCommand, bool bOn);
     void SetText(int32_t lCommand, std::string_view sText);
+
+    /// A menu of its own at a place of the screen; the command that was chosen, 0 for none.
+    [[nodiscard]] static int32_t Popup(std::vector<MenuItem> const& aItems, QPoint place, QWidget* pParent);
 
 private:
     void Fill(QMenu& menu, std::vector<MenuItem> const& aItems);

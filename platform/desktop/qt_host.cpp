@@ -27,6 +27,15 @@ int32_t QtHost::RunForm(Form& form)
     return lButton;
 }
 
+int32_t QtHost::PopupMenu(std::vector<MenuItem> const& aMenu, POINT place)
+{
+    if (!pWindow)
+        return 0;
+    int32_t const lCommand = MenuBar::Popup(aMenu, pWindow->OnScreen(place), pWindow->Frame());
+    TakeFocusBack();
+    return lCommand;
+}
+
 HWND QtHost::CreateMainWindow(std::string_view sTitle, Painter* pPainter)
 {
     pWindow = std::make_unique<QtWindow>(sTitle, pPainter, pDoor);

@@ -4,6 +4,7 @@
 #include "platform/desktop/qt_window.h"
 #include "platform/desktop_module.h"
 
+#include <QApplication>
 #include <QElapsedTimer>
 
 namespace zarn
@@ -16,6 +17,7 @@ public:
 
     int32_t MessageBox(std::string_view sText, std::string_view sCaption, uint32_t lFlags) override;
     int32_t RunForm(Form& form) override;
+    int32_t PopupMenu(std::vector<MenuItem> const& aMenu, POINT place) override;
     HWND CreateMainWindow(std::string_view sTitle, Painter* pPainter) override;
     bool ShowHelp(std::string_view sFile) override;
     bool AskOpenName(FileDialog& dialog) override;
@@ -23,6 +25,7 @@ public:
     bool StartEditor(std::string_view sPath) override;
     void Quit(int32_t lCode) override;
     uint32_t TickCount() override { return static_cast<uint32_t>(clock.elapsed()); }
+    void Beep() override { QApplication::beep(); }
 
     void SetDoor(Door* pNewDoor) override { pDoor = pNewDoor; }
     int32_t Run() override;

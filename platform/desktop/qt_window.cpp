@@ -9,6 +9,7 @@
 #include <QMenuBar>
 #include <QPainter>
 #include <QScreen>
+#include <QStatusBar>
 #include <cmath>
 #include <utility>
 
@@ -22,7 +23,7 @@ void QtWindow::MainFrame::closeEvent(QCloseEvent* pEvent)
 
 QtWindow::QtWindow(std::string_view sTitle, Painter* pPainter, Door* pDoor)
     : pPainter(pPainter), pDoor(pDoor), frame(*this), pCanvas(new Canvas(*this)), pScroll(new QScrollBar(Qt::Vertical)),
-      pointer(*pCanvas),
+      pointer(*pCanvas), pStatus(new QLabel),
       menu(*frame.menuBar(), [this](int32_t lCommand) { Receive({.kind = EventKind::COMMAND, .lNumber = lCommand}); })
 {
     pScroll->setFocusPolicy(Qt::NoFocus);
@@ -37,6 +38,9 @@ QtWindow::QtWindow(std::string_view sTitle, Painter* pPainter, Door* pDoor)
     pLayout->addWidget(pCanvas, 1);
     pLayout->addWidget(pScroll);
     frame.setCentralWidget(pInside);
+    pStatus->setAccessibleName(QStringLiteral("Status"));
+    frame.statusBar()->addWidget(pStatus, 1);
+    frame.statusBar()->setSizeGripEnabled(false);
     SetTitle(sTitle);
     // As large as it will be once maximised, so that the first size is nearly always the last one.
     frame.resize(QGuiApplication::primaryScreen()->availableSize());
@@ -113,6 +117,35 @@ void QtWindow::SetWaitPointer(bool bOn)
     else
         QGuiApplication::restoreOverrideCursor();
 }
+
+HDC QtWindow::BeginCursor() { return symbolCursor.Begin(pCanvas->devicePixelRatioF()); }
+
+void QtWindow::EndCursor(HDC hdc, POINT hotSpot)
+{
+    symbolCursor.End(hdc, hotSpot);
+    ShowPointer(PointerShape::SYMBOL);
+}
+
+void QtWindow::ShowPointer(PointerShape shape)
+{
+    switch (shape)
+    {
+    case PointerShape::CROSS:
+        pCanvas->setCursor(Qt::CrossCursor);
+        break;
+    case PointerShape::UP:
+        pCanvas->setCursor(Qt::UpArrowCursor);
+        break;
+    case PointerShape::SYMBOL:
+        pCanvas->setCursor(symbolCursor.Cursor());
+        break;
+    default:
+        pCanvas->setCursor(Qt::ArrowCursor);
+        break;
+    }
+}
+
+void QtWindow::SetStatus(std::string_view sText) { pStatus->setText(ToQt(sText)); }
 
 void QtWindow::Destroy()
 {

@@ -4,9 +4,11 @@
 #include "platform/desktop/menu_bar.h"
 #include "platform/desktop/pointer.h"
 #include "platform/desktop/qt_surface.h"
+#include "platform/desktop/symbol_cursor.h"
 #include "platform/user.h"
 
 #include <QImage>
+#include <QLabel>
 #include <QMainWindow>
 #include <QScrollBar>
 #include <functional>
@@ -33,6 +35,10 @@ public:
     void SetPointer(POINT place) override { pointer.Set(place); }
     POINT Pointer() override { return pointer.Place(); }
     void SetWaitPointer(bool bOn) override;
+    HDC BeginCursor() override;
+    void EndCursor(HDC hdc, POINT hotSpot) override;
+    void ShowPointer(PointerShape shape) override;
+    void SetStatus(std::string_view sText) override;
     void SetMenu(std::vector<MenuItem> const& aMenu) override { menu.Build(aMenu); }
     void CheckItem(int32_t lCommand, bool bOn) override { menu.Check(lCommand, bOn); }
     void EnableItem(int32_t lCommand, bool bOn) override { menu.Enable(lCommand, bOn); }
@@ -43,6 +49,7 @@ public:
 
     [[nodiscard]] QWidget* Frame() { return &frame; }
     void TakeFocus(); ///< keys go to the score again
+    [[nodiscard]] QPoint OnScreen(POINT place) const { return pCanvas->mapToGlobal(QPoint(place.x, place.y)); }
 
 private:
     /// The close button asks; the program decides.
@@ -91,6 +98,8 @@ private:
     Canvas* pCanvas; // Qt's, inside the frame, as is the bar
     QScrollBar* pScroll;
     class Pointer pointer;
+    SymbolCursor symbolCursor;
+    QLabel* pStatus; // Qt's, in the frame's status bar
     MenuBar menu;
 };
 } // namespace zarn

@@ -43,6 +43,22 @@ void HeadlessWindow::EndDraw(HDC hdc)
     delete hdc;
 }
 
+HDC HeadlessWindow::BeginCursor()
+{
+    HDC const hdc = BeginDraw();
+    if (pCursor)
+        hdc->pSurface = pCursor;
+    return hdc;
+}
+
+void HeadlessWindow::EndCursor(HDC hdc, POINT place)
+{
+    EndDraw(hdc);
+    hotSpot = place;
+    shape = PointerShape::SYMBOL;
+    ++cCursors;
+}
+
 void HeadlessWindow::SetScroll(int32_t lRange, int32_t lPlace)
 {
     lScrollRange = lRange;

@@ -40,6 +40,10 @@ public:
     void SetPointer(POINT place) override { pointer = place; }
     POINT Pointer() override { return pointer; }
     void SetWaitPointer(bool bOn) override { bWaitPointer = bOn; }
+    HDC BeginCursor() override;
+    void EndCursor(HDC hdc, POINT place) override;
+    void ShowPointer(PointerShape shown) override { shape = shown; }
+    void SetStatus(std::string_view sText) override { sStatus = sText; }
     void SetMenu(std::vector<MenuItem> const& aMenu) override;
     void CheckItem(int32_t lCommand, bool bOn) override { items[lCommand].bChecked = bOn; }
     void EnableItem(int32_t lCommand, bool bOn) override { items[lCommand].bGrey = !bOn; }
@@ -61,6 +65,11 @@ public:
     int32_t cDrawsOpen = 0;   ///< surfaces handed out and not yet handed back
     bool bRepaintOwed = true; ///< a new window owes its first paint
     bool bWaitPointer = false;
+    PointerShape shape = PointerShape::ARROW;
+    POINT hotSpot;              ///< of the last symbol pointer
+    int32_t cCursors = 0;       ///< symbol pointers made
+    Surface* pCursor = nullptr; ///< where the symbol pointer is drawn; null for nowhere
+    std::string sStatus;
     bool bDestroyed = false; ///< it stays good as long as its host, and paints no more
     int32_t lScrollRange = 0;
     int32_t lScrollPlace = 0;

@@ -43,6 +43,21 @@ int32_t ScriptHost::RunForm(Form& form)
     return lButton;
 }
 
+int32_t ScriptHost::PopupMenu(std::vector<MenuItem> const& aMenu, POINT)
+{
+    int32_t lCommand = 0;
+    if (!answers.empty() && answers.front().kind == Answer::NUMBER)
+        for (MenuItem const& item : aMenu)
+            if (item.lCommand == answers.front().lNumber)
+                lCommand = item.lCommand;
+    if (lCommand != 0)
+        answers.pop_front();
+    Shown menu{aMenu.empty() ? "" : aMenu.front().sLabel, "menu", 0, true};
+    menu.sAnswer = Answer_Format(lCommand ? Answer{Answer::NUMBER, {}, lCommand} : Answer{Answer::CANCEL});
+    Show(std::move(menu));
+    return lCommand;
+}
+
 HWND ScriptHost::CreateMainWindow(std::string_view sTitle, Painter* pPainter)
 {
     if (!bWindowWorks)

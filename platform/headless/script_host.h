@@ -30,6 +30,7 @@ class ScriptHost : public UserHost
 public:
     int32_t MessageBox(std::string_view sText, std::string_view sCaption, uint32_t lFlags) override;
     int32_t RunForm(Form& form) override;
+    int32_t PopupMenu(std::vector<MenuItem> const& aMenu, POINT place) override; ///< takes `number N`, a command of its
     HWND CreateMainWindow(std::string_view sTitle, Painter* pPainter) override;
     bool ShowHelp(std::string_view sFile) override;
     bool AskOpenName(FileDialog& dialog) override;
@@ -37,12 +38,14 @@ public:
     bool StartEditor(std::string_view sPath) override;
     void Quit(int32_t lCode) override;
     uint32_t TickCount() override { return lNowMs; }
+    void Beep() override { ++cBeeps; }
 
     std::deque<Answer> answers;
     std::vector<Shown> shown;                ///< messages and questions, in order
     std::vector<std::string> aEdited;        ///< files that the text editor was started on
     std::vector<std::string> aHelped;        ///< help files that were asked for
     std::unique_ptr<HeadlessWindow> pWindow; ///< null until the program makes it
+    int32_t cBeeps = 0;
     bool bQuit = false;
     int32_t lQuitCode = 0;
     bool bFormsWork = true; ///< false: a dialog can't be made

@@ -21,7 +21,25 @@ TEST(Accelerators, EachKeyStandsForItsCommand)
         {"+", true, false, false, COMMAND_STRETCHHORIZ}, {"=", true, false, false, COMMAND_STRETCHHORIZ},
         {"=", true, false, true, COMMAND_STRETCHVERT},   {"-", false, false, false, COMMAND_SQUEEZEHORIZ},
         {"+", false, false, true, COMMAND_STRETCHVERT},  {"-", false, false, true, COMMAND_SQUEEZEVERT},
-        {"f1", false, false, false, COMMAND_HELP},       {"f4", false, false, true, COMMAND_EXIT}};
+        {"f1", false, false, false, COMMAND_HELP},       {"f4", false, false, true, COMMAND_EXIT},
+        {"z", false, true, false, COMMAND_UNDO},         {"x", false, true, false, COMMAND_CUT},
+        {"c", false, true, false, COMMAND_COPY},         {"v", false, true, false, COMMAND_PASTE},
+        {",", true, false, false, COMMAND_MARKBEGIN},    {".", true, false, false, COMMAND_MARKEND},
+        {"<", false, false, false, COMMAND_MARKBEGIN},   {">", false, false, false, COMMAND_MARKEND},
+        {"f4", false, false, false, COMMAND_CLEARMARK},  {"1", false, false, false, COMMAND_NOTE},
+        {"4", false, false, false, COMMAND_NOTE + 3},    {"7", false, false, false, COMMAND_DEMISEMIQUAVER},
+        {"8", false, false, false, COMMAND_GRACENOTE},   {"[", true, false, false, COMMAND_REPEATSTART},
+        {"]", true, false, false, COMMAND_REPEATEND},    {"r", true, false, false, COMMAND_REPEATENDSTART},
+        {"/", false, false, false, COMMAND_BAR},         {"\\", true, false, false, COMMAND_DOUBLEBAR},
+        {"#", false, false, false, COMMAND_SHARP},       {"3", false, true, false, COMMAND_SHARP},
+        {"=", false, false, false, COMMAND_NATURAL},     {"b", false, false, false, COMMAND_FLAT},
+        {".", false, false, false, COMMAND_DOT},         {";", false, false, false, COMMAND_TRIPLET},
+        {",", false, false, false, COMMAND_STACCATO},    {"`", true, false, false, COMMAND_ORNAMENT},
+        {"space", false, false, false, COMMAND_SPACE},   {"n", false, false, false, COMMAND_NEWLINE},
+        {"enter", false, false, true, COMMAND_NEWLINE},  {"enter", false, true, false, COMMAND_NEWLINE},
+        {"v", false, false, false, COMMAND_INSERTPOINT}, {"[", false, false, false, COMMAND_ARPEGGIOSTART},
+        {"]", false, false, false, COMMAND_ARPEGGIOEND}, {"u", false, false, false, COMMAND_UPBOW},
+        {"d", false, false, false, COMMAND_DOWNBOW},     {"t", false, false, false, COMMAND_TIE}};
     for (auto const& c : aCase)
     {
         Event key;
@@ -40,8 +58,8 @@ TEST(Accelerators, OtherKeysStandForNothing)
     {
         char const* sKey;
         bool bShift, bCtrl, bAlt;
-    } const aCase[] = {{"n", false, false, false},    {"a", false, true, false}, {"a", false, false, true},
-                       {"=", false, false, false},    {"-", true, false, false}, {"f4", false, false, false},
+    } const aCase[] = {{"q", false, false, false},    {"a", false, true, false}, {"a", false, false, true},
+                       {"3", true, false, false},     {"-", true, false, false}, {"9", false, false, false},
                        {"left", false, false, false}, {"", false, false, false}, {"\xC3\xA4", true, false, false}};
     for (auto const& c : aCase)
     {

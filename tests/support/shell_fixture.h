@@ -3,13 +3,17 @@
 #include "abc/abc_index.h"
 #include "abc/abc_reader.h"
 #include "core/messages.h"
+#include "core/pitch.h"
 #include "core/text.h"
+#include "edit/delete.h"
+#include "edit/mark.h"
 #include "layout/right_justify.h"
 #include "render/font.h"
 #include "render/geometry.h"
 #include "shell/commands.h"
 #include "shell/door.h"
 #include "shell/file_names.h"
+#include "shell/modes.h"
 #include "shell/startup.h"
 #include "support/score_text.h"
 #include "support/scripted_process.h"
@@ -37,6 +41,11 @@ struct Shell : testing::Test
         bRightJustified = false;
         bShowArpeggio = true;
         lFontScale = -1;
+        fMouseMode = 1;
+        bEditMode = false;
+        fClarinetTranspose = fGuitarTranspose = false;
+        elSavedCurrent = RoomyElement();
+        lUndoState = UNDO_ADD;
         process.user.lNowMs = 1000;
         pFolder = std::filesystem::temp_directory_path() /
                   ("zarn-" + std::string(testing::UnitTest::GetInstance()->current_test_info()->name()) + "-" +
@@ -77,6 +86,26 @@ struct Shell : testing::Test
         event.x = x;
         event.y = y;
         door.Receive(event);
+    }
+    /// A key by its name, as a host tells it.
+    void Press(std::string const& sName, bool fShift = false, bool fCtrl = false, bool fAlt = false)
+    {
+        Event event;
+        event.kind = EventKind::KEY;
+        event.sText = sName;
+        event.fShift = fShift;
+        event.fCtrl = fCtrl;
+        event.fAlt = fAlt;
+        door.Receive(event);
+    }
+    /// The pointer goes there, and a button down and up.
+    void Click(POINT place, bool bRight = false)
+    {
+        Window().SetPointer(place);
+        Send(EventKind::MOVE, 0, place.x, place.y);
+        Send(bRight ? EventKind::RIGHTDOWN : EventKind::LEFTDOWN, 0, place.x, place.y);
+        Send(bRight ? EventKind::RIGHTUP : EventKind::LEFTUP, 0, place.x, place.y);
+        Update();
     }
     void Drop(std::string const& szName)
     {

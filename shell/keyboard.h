@@ -1,0 +1,13 @@
+/// Keys that are no accelerators: moving the pointer, adding, deleting, rests.
+#pragma once
+#include "platform/event.h"
+
+namespace zarn
+{
+/// Handles a key that is in no accelerator table.
+void Keyboard_Down(Event const& key);
+/// A digit whose command is grey.
+void Keyboard_Refuse();
+/// Switches the mode, as Esc does.
+void Keyboard_SwitchMode();
+} // namespace zarn

@@ -1,0 +1,22 @@
+/// The commands that choose a symbol. Each makes elCurrent anew and commits it (CommitSymbol).
+#pragma once
+#include <cstdint>
+
+namespace zarn
+{
+void NoteCommand(int32_t lDuration); ///< ticks
+void RestCommand(int32_t lDuration);
+/// Any sort with its lA and lB.
+void SymbolCommand(int32_t sort, int32_t lA = 0, int32_t lB = 0);
+
+void VolumeCommand(int32_t lStep); ///< 0 (ppp) to 8 (fff)
+void KeyKeepingTextCommand(int32_t lKey);
+void KeyKeepingPitchCommand(int32_t lKey);
+void InstrumentNumberCommand(); ///< asks for the number
+
+/// On the current symbol; in keyboard mode on the note at the pointer, too.
+void DotCommand();
+void TripletCommand();
+void StaccatoCommand();
+void OrnamentCommand();
+} // namespace zarn
