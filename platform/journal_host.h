@@ -24,6 +24,7 @@ public:
     {
         return real.CreateMainWindow(sTitle, pPainter);
     }
+    Panel* CreatePanel(PanelSetup const& setup) override { return real.CreatePanel(setup); }
     bool ShowHelp(std::string_view sFile) override { return real.ShowHelp(sFile); }
     bool StartEditor(std::string_view sPath) override { return real.StartEditor(sPath); }
     void Quit(int32_t lCode) override { real.Quit(lCode); }

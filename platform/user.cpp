@@ -27,6 +27,11 @@ HWND CreateWindowExA(std::string_view sTitle, Painter* pPainter)
     return host.pUser ? host.pUser->CreateMainWindow(sTitle, pPainter) : nullptr;
 }
 
+Panel* CreatePanel(HWND hwndParent, PanelSetup const& setup)
+{
+    return hwndParent && host.pUser ? host.pUser->CreatePanel(setup) : nullptr;
+}
+
 void DestroyWindow(HWND hwnd)
 {
     if (hwnd)
@@ -142,7 +147,11 @@ void SetMenuItemInfoA(HWND hwnd, int32_t lCommand, std::string_view sText)
 
 bool WinHelpA(HWND, std::string_view sFile) { return host.pUser && host.pUser->ShowHelp(sFile); }
 
-void MessageBeep(uint32_t) { host.pUser->Beep(); }
+void MessageBeep(uint32_t)
+{
+    if (host.pUser)
+        host.pUser->Beep();
+}
 
 void PostQuitMessage(int32_t lCode)
 {

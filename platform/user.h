@@ -110,6 +110,47 @@ public:
 };
 using HWND = Window*;
 
+/// A child window of the main one, in front of the score. A hair line frames it on the inside. Made hidden; it lives as
+/// long as its host.
+class Panel
+{
+public:
+    virtual ~Panel() = default;
+    virtual SIZE ClientSize() = 0;
+    virtual void Invalidate() = 0;                ///< a repaint is owed
+    virtual void SetPlace(RECT const& place) = 0; ///< client pixels of the main window
+    virtual void Show(bool bOn) = 0;
+    [[nodiscard]] virtual bool IsShown() const = 0;
+};
+
+/// What a panel shows.
+class PanelContent
+{
+public:
+    virtual ~PanelContent() = default;
+    virtual void Paint(Panel& panel, HDC hdc) = 0; ///< upon the background, which the host has filled in
+    [[nodiscard]] virtual COLORREF Background() const = 0;
+    /// What lies at a place in the panel's own pixels, in the user's words; empty for nothing.
+    [[nodiscard]] virtual std::string TipAt(Panel& panel, POINT place) = 0;
+};
+
+enum class PanelPointer
+{
+    ARROW,
+    UPARROW
+};
+
+/// How a panel is made. A left press in it, or Enter with the pointer in it, reaches the door as an event of the kind
+/// `click` with the place in the panel's own pixels; a right press as the command lCloseCommand.
+struct PanelSetup
+{
+    char const* sName = "";           ///< for screen readers
+    PanelContent* pContent = nullptr; ///< must outlive the host
+    EventKind click = EventKind::PALETTE;
+    int32_t lCloseCommand = 0;
+    PanelPointer pointer = PanelPointer::ARROW;
+};
+
 /// Who paints a window when its host finds that a repaint is owed.
 class Painter
 {
@@ -123,6 +164,8 @@ int32_t MessageBoxA(HWND hwnd, std::string_view sText, std::string_view sCaption
 [[nodiscard]] int32_t DialogBoxParamA(HWND hwnd, Form& form);
 /// The main window, shown maximised; null when there can be none.
 [[nodiscard]] HWND CreateWindowExA(std::string_view sTitle, Painter* pPainter);
+/// A panel of the main window; later ones lie in front of earlier ones. Null when there can be none.
+[[nodiscard]] Panel* CreatePanel(HWND hwndParent, PanelSetup const& setup);
 void DestroyWindow(HWND hwnd);
 void SetWindowTextA(HWND hwnd, std::string_view sText);
 [[nodiscard]] RECT GetClientRect(HWND hwnd);

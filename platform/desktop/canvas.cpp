@@ -12,7 +12,7 @@
 
 namespace zarn
 {
-static POINT PlaceOf(QPointF const& position)
+POINT PixelAt(QPointF const& position)
 {
     return {static_cast<int32_t>(std::floor(position.x())), static_cast<int32_t>(std::floor(position.y()))};
 }
@@ -53,7 +53,7 @@ void Canvas::keyPressEvent(QKeyEvent* pEvent)
         QWidget::keyPressEvent(pEvent);
 }
 
-void Canvas::mouseMoveEvent(QMouseEvent* pEvent) { owner.PointerMoved(PlaceOf(pEvent->position())); }
+void Canvas::mouseMoveEvent(QMouseEvent* pEvent) { owner.PointerMoved(PixelAt(pEvent->position())); }
 
 void Canvas::mousePressEvent(QMouseEvent* pEvent) { Button(*pEvent, EventKind::LEFTDOWN, EventKind::RIGHTDOWN); }
 
@@ -63,7 +63,7 @@ void Canvas::Button(QMouseEvent const& mouse, EventKind left, EventKind right)
 {
     if (mouse.button() != Qt::LeftButton && mouse.button() != Qt::RightButton)
         return;
-    POINT const place = owner.ButtonPlace(PlaceOf(mouse.position()));
+    POINT const place = owner.ButtonPlace(PixelAt(mouse.position()));
     owner.Receive({.kind = mouse.button() == Qt::LeftButton ? left : right, .x = place.x, .y = place.y});
 }
 

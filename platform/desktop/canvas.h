@@ -19,6 +19,9 @@ public:
     virtual void ShowImage(QPainter& painter) = 0; ///< covers the whole canvas
 };
 
+/// The pixel that a mouse's position lies in.
+[[nodiscard]] POINT PixelAt(QPointF const& position);
+
 class Canvas : public QWidget
 {
 public:

@@ -42,6 +42,8 @@ HWND QtHost::CreateMainWindow(std::string_view sTitle, Painter* pPainter)
     return pWindow.get();
 }
 
+Panel* QtHost::CreatePanel(PanelSetup const& setup) { return pWindow ? pWindow->CreatePanel(setup) : nullptr; }
+
 bool QtHost::ShowHelp(std::string_view) { return Manual_Show(); }
 
 bool QtHost::AskOpenName(FileDialog& dialog)

@@ -1,6 +1,7 @@
 // The window's life: shown, first painted, resized, asked to close, destroyed.
 #include "platform/desktop/qt_window.h"
 
+#include "platform/desktop/panel_widget.h"
 #include "platform/desktop/qt_text.h"
 
 #include <QCloseEvent>
@@ -160,6 +161,8 @@ void QtWindow::Post(void (*pAction)())
     else
         aPosted.push_back(pAction);
 }
+
+Panel* QtWindow::CreatePanel(PanelSetup const& setup) { return new PanelWidget(*pCanvas, *this, setup); }
 
 void QtWindow::TakeFocus()
 {

@@ -47,6 +47,7 @@ public:
     /// Runs the action from the message loop, once the window has been painted.
     void Post(void (*pAction)()) override;
 
+    Panel* CreatePanel(PanelSetup const& setup); ///< lives as long as the window
     [[nodiscard]] QWidget* Frame() { return &frame; }
     void TakeFocus(); ///< keys go to the score again
     [[nodiscard]] QPoint OnScreen(POINT place) const { return pCanvas->mapToGlobal(QPoint(place.x, place.y)); }

@@ -66,6 +66,14 @@ HWND ScriptHost::CreateMainWindow(std::string_view sTitle, Painter* pPainter)
     return pWindow.get();
 }
 
+Panel* ScriptHost::CreatePanel(PanelSetup const& setup)
+{
+    if (!pWindow || !bPanelsWork)
+        return nullptr;
+    panels.push_back(std::make_unique<HeadlessPanel>(setup));
+    return panels.back().get();
+}
+
 bool ScriptHost::ShowHelp(std::string_view sFile)
 {
     aHelped.emplace_back(sFile);

@@ -1,6 +1,7 @@
 /// The host without a window: a script of answers, and a log of what was shown.
 #pragma once
 #include "platform/answer.h"
+#include "platform/headless/headless_panel.h"
 #include "platform/headless/headless_window.h"
 #include "platform/host.h"
 
@@ -32,6 +33,7 @@ public:
     int32_t RunForm(Form& form) override;
     int32_t PopupMenu(std::vector<MenuItem> const& aMenu, POINT place) override; ///< takes `number N`, a command of its
     HWND CreateMainWindow(std::string_view sTitle, Painter* pPainter) override;
+    Panel* CreatePanel(PanelSetup const& setup) override;
     bool ShowHelp(std::string_view sFile) override;
     bool AskOpenName(FileDialog& dialog) override;
     bool AskSaveName(FileDialog& dialog) override;
@@ -41,10 +43,11 @@ public:
     void Beep() override { ++cBeeps; }
 
     std::deque<Answer> answers;
-    std::vector<Shown> shown;                ///< messages and questions, in order
-    std::vector<std::string> aEdited;        ///< files that the text editor was started on
-    std::vector<std::string> aHelped;        ///< help files that were asked for
-    std::unique_ptr<HeadlessWindow> pWindow; ///< null until the program makes it
+    std::vector<Shown> shown;                           ///< messages and questions, in order
+    std::vector<std::string> aEdited;                   ///< files that the text editor was started on
+    std::vector<std::string> aHelped;                   ///< help files that were asked for
+    std::unique_ptr<HeadlessWindow> pWindow;            ///< null until the program makes it
+    std::vector<std::unique_ptr<HeadlessPanel>> panels; ///< in the order in which they were made
     int32_t cBeeps = 0;
     bool bQuit = false;
     int32_t lQuitCode = 0;
@@ -52,6 +55,7 @@ public:
     bool bHelpWorks = true;
     bool bEditorWorks = true;
     bool bWindowWorks = true;
+    bool bPanelsWork = true;
     uint32_t lNowMs = 0;
     /// Called with each message and question as it is shown; for a command line that tells its user.
     std::function<void(Shown const&)> pOnShown;
