@@ -282,7 +282,10 @@ TEST_F(DesktopWindow, ButtonsAndMovesComeInClientPixels)
                                      Event{.kind = EventKind::LEFTUP, .x = 40, .y = 50},
                                      Event{.kind = EventKind::RIGHTDOWN, .x = 60, .y = 70},
                                      Event{.kind = EventKind::RIGHTUP, .x = 60, .y = 70}));
-    EXPECT_EQ(door.events.front(), (Event{.kind = EventKind::MOVE, .x = 40, .y = 50}));
+    Event const& move = door.events.front();
+    EXPECT_EQ(move.kind, EventKind::MOVE);
+    EXPECT_NEAR(move.x, 40, 1); // a scaled screen may put the pointer a pixel off
+    EXPECT_NEAR(move.y, 50, 1);
 }
 
 TEST_F(DesktopWindow, TheSecondPressOfADoubleClickIsAPress)
