@@ -10,6 +10,7 @@ namespace zarn
 namespace
 {
 constexpr int32_t lMostPixels = 20000;
+constexpr int32_t lMostSemitones = 60;
 constexpr int32_t lLeastDpi = 10;
 constexpr int32_t lMostDpi = 2400;
 constexpr char const* aOutputEndings[] = {".zrn", ".pdf", ".svg", ".png"};
@@ -106,12 +107,23 @@ struct Reader
         return true;
     }
 
+    bool Transpose(std::string const& sWord)
+    {
+        int32_t lSemitones = 0;
+        if (!Number(sWord, -lMostSemitones, lMostSemitones, &lSemitones))
+            return false;
+        options.lTranspose = lSemitones;
+        return true;
+    }
+
     bool Word(std::string const& sWord)
     {
         if (sWord == "-o" || sWord == "--export")
             return Output(sWord);
         if (sWord == "--tune")
             return Tune(sWord);
+        if (sWord == "--transpose")
+            return Transpose(sWord);
         if (sWord == "--size")
             return Size(sWord);
         if (sWord == "--page")
@@ -189,6 +201,9 @@ struct Reader
             return Fail("--journal goes with the editor alone");
         if (options.bAllTunes && options.task != Task::EXPORT && options.task != Task::CHECK)
             return Fail("--tune all goes with -o or --check");
+        bool const bReads = options.task == Task::EXPORT || options.task == Task::CHECK || options.task == Task::DUMP;
+        if (options.lTranspose && !bReads)
+            return Fail("--transpose goes with -o, --check or --dump");
         return true;
     }
 };
@@ -220,6 +235,7 @@ char const* Options_Help()
            "     --tune N|all             the tune numbered X:N of a many-tune file (default: the first);\n"
            "                              all: one output a tune, its number and title in the name\n"
            "     --adjust, --mini-adjust  lay the score out again after reading, with or without its bars\n"
+           "     --transpose N            move the whole score by N semitones, -60 to 60, and lay it out again\n"
            "     --size WxH               the drawing area in pixels (default 1200x800)\n"
            "     --page N                 that page alone (.svg and .png)\n"
            "     -r, --dpi N              dots to the inch of a .png (default 96)\n"

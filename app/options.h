@@ -1,6 +1,7 @@
 /// The words of the command line.
 #pragma once
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,7 +30,8 @@ struct Options
     int32_t lTune = -1; ///< the X: number; -1 is the first tune of the file
     bool bAdjust = false;
     bool bMiniAdjust = false;
-    int32_t lWidth = 1200; ///< the drawing area in pixels
+    std::optional<int32_t> lTranspose; ///< semitones, -60 to 60; nothing when it wasn't asked for
+    int32_t lWidth = 1200;             ///< the drawing area in pixels
     int32_t lHeight = 800;
     int32_t lPage = 0; ///< from 1; 0 is all pages
     int32_t lDpi = 96; ///< of a picture; 96 is one pixel for each of the drawing area

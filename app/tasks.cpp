@@ -8,6 +8,7 @@
 #include "core/score.h"
 #include "core/score_check.h"
 #include "core/text.h"
+#include "edit/transpose.h"
 #include "layout/adjust.h"
 #include "platform/headless/replay.h"
 #include "shell/door.h"
@@ -18,7 +19,7 @@
 
 namespace zarn
 {
-/// Reads a file, or one tune of it, and lays it out again when the options say so.
+/// Reads a file, or one tune of it, transposes it and lays it out again when the options say so.
 static bool ReadScore(std::string const& szPath, int32_t lTune, Options const& options)
 {
     szTerminalFile = szPath;
@@ -28,7 +29,9 @@ static bool ReadScore(std::string const& szPath, int32_t lTune, Options const& o
         Terminal_Error(sError);
         return false;
     }
-    if (options.bAdjust)
+    if (options.lTranspose)
+        TransposeAll(*options.lTranspose);
+    if (options.bAdjust || options.lTranspose) // what transposing took out and put in asks for a new layout
         FullAdjust();
     if (options.bMiniAdjust)
         MiniAdjust();

@@ -5,6 +5,7 @@
 #include "core/respell.h"
 
 #include "core/messages.h"
+#include "core/signs_in_force.h"
 #include "core/text.h"
 
 #include <map>
@@ -12,50 +13,11 @@
 
 namespace zarn
 {
-namespace
-{
-/// The accidentals in force at a place of a list: what AccidStateAt would find, for an element of any staff number.
-class InForce
-{
-public:
-    InForce() = default;
-    /// At the place ahead of pel.
-    explicit InForce(Element const* pel)
-    {
-        Element const* pelFirst = pel;
-        for (Element const* pelAhead = Prev(pel); pelAhead; pelAhead = Prev(pelAhead))
-            pelFirst = pelAhead;
-        for (Element const* pelAt = pelFirst; pelAt != pel; pelAt = Next(pelAt))
-            Pass(pelAt);
-    }
-
-    void Pass(Element const* pel)
-    {
-        if (Sort_EndsAccidentals(pel->sort))
-            aStaffs.erase(pel->lStaff);
-        else if (Sort_IsAccidental(pel->sort))
-            aStaffs[pel->lStaff][pel->lDiaPitch] = AccidentalState(pel->sort);
-    }
-
-    [[nodiscard]] int32_t At(int32_t lStaff, int32_t lDiaPitch) const
-    {
-        auto const staff = aStaffs.find(lStaff);
-        if (staff == aStaffs.end())
-            return 0;
-        auto const state = staff->second.find(lDiaPitch);
-        return state == staff->second.end() ? 0 : state->second;
-    }
-
-private:
-    std::map<int32_t, std::map<int32_t, int32_t>> aStaffs; ///< by staff number and position
-};
-} // namespace
-
 /// Moves the note one step in the key's own direction and marks it so that it sounds as before.
-static void Respell(Element* pelNote, int32_t lKey, int32_t lAccid, InForce& inForce)
+static void Respell(Element* pelNote, int32_t lKey, int32_t lAccid, SignsInForce& inForce)
 {
     int32_t const lNewPitch = Wrap_Add(pelNote->lDiaPitch, lAccid);
-    int32_t const lState = inForce.At(pelNote->lStaff, lNewPitch);
+    int32_t const lState = inForce.Accid(pelNote->lStaff, lNewPitch);
     int32_t const lUnmarked = MidiFromPitch(lNewPitch, lKey, lState, 0);
     int32_t const lRestore = lState != 0 ? lState : KeyAccid(lKey, lNewPitch);
     pelNote->lPitch = MidiFromPitch(pelNote->lDiaPitch, lKey, lAccid, 0);
@@ -81,13 +43,13 @@ static void Respell(Element* pelNote, int32_t lKey, int32_t lAccid, InForce& inF
 }
 
 /// inForce stands ahead of pel, and then ahead of what is given.
-static Element* MatchUpToKeySig(int32_t lKey, Element* pel, InForce& inForce)
+static Element* MatchUpToKeySig(int32_t lKey, Element* pel, SignsInForce& inForce)
 {
     int32_t const lDirection = (lKey > 0) - (lKey < 0);
     for (; pel && pel->sort != KEYSIG; pel = Next(pel))
     {
         bool const bAgainst = pel->sort == NOTE && lDirection != 0;
-        if (bAgainst && inForce.At(pel->lStaff, pel->lDiaPitch) == -lDirection)
+        if (bAgainst && inForce.Accid(pel->lStaff, pel->lDiaPitch) == -lDirection)
             Respell(pel, lKey, -lDirection, inForce);
         inForce.Pass(pel);
     }
@@ -96,7 +58,7 @@ static Element* MatchUpToKeySig(int32_t lKey, Element* pel, InForce& inForce)
 
 Element* MakeAccidentalsMatchKeySig(int32_t lKey, Element* pel)
 {
-    InForce inForce(pel);
+    SignsInForce inForce(pel);
     return MatchUpToKeySig(lKey, pel, inForce);
 }
 
@@ -104,7 +66,7 @@ void MakeStaffMatchKeySigs(int32_t lStaff)
 {
     Element* pel = StaffFirst(lStaff);
     int32_t lKey = 0;
-    InForce inForce;
+    SignsInForce inForce;
     while (pel)
     {
         pel = MatchUpToKeySig(lKey, pel, inForce);
@@ -156,7 +118,7 @@ static std::vector<bool> NeededFromTheEnd(Element const* pel)
 Element* KeepPitchesOverKeyChange(int32_t lNewKey, int32_t lOldKey, Element* pel)
 {
     std::vector<bool> abNeeded = NeededFromTheEnd(pel);
-    InForce inForce(pel);
+    SignsInForce inForce(pel);
     Element* pelFirst = pel;
     while (pel && pel->sort != KEYSIG)
     {
@@ -174,7 +136,7 @@ Element* KeepPitchesOverKeyChange(int32_t lNewKey, int32_t lOldKey, Element* pel
                 continue;
             }
         }
-        if (pel->sort == NOTE && inForce.At(pel->lStaff, pel->lDiaPitch) == 0)
+        if (pel->sort == NOTE && inForce.Accid(pel->lStaff, pel->lDiaPitch) == 0)
         {
             int32_t const lOld = KeyAccid(lOldKey, pel->lDiaPitch);
             if (KeyAccid(lNewKey, pel->lDiaPitch) != lOld)

@@ -5,6 +5,7 @@
 #include "platform/types.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -65,6 +66,7 @@ struct Form
     std::string sTitle;
     char const* sAnswer = "box";
     std::vector<FormControl> aControls;
+    std::optional<POINT> place = {}; ///< of its top left corner, in client pixels of the main window; centred without
 
     [[nodiscard]] FormControl* Find(int32_t lControl);
 };

@@ -9,12 +9,16 @@
 #include <QDialog>
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
+#include <algorithm>
 #include <functional>
+#include <utility>
 
 namespace zarn
 {
@@ -36,11 +40,37 @@ void Limit(EDIT& edit, FormControl const& control, std::function<void(QString co
     set(QString::fromUtf8(sKept.data(), static_cast<qsizetype>(sKept.size())));
 }
 
+/// A text of several lines in a dialog: ENTER ends the dialog, as it does everywhere else, and Ctrl+ENTER begins a
+/// line.
+class LinesEdit : public QPlainTextEdit
+{
+public:
+    LinesEdit(QString const& sText, std::function<void()> onEnter) : QPlainTextEdit(sText), onEnter(std::move(onEnter))
+    {
+    }
+
+protected:
+    void keyPressEvent(QKeyEvent* pEvent) override
+    {
+        bool const bEnter = pEvent->key() == Qt::Key_Return || pEvent->key() == Qt::Key_Enter;
+        if (bEnter && (pEvent->modifiers() & Qt::ControlModifier))
+            insertPlainText(QStringLiteral("\n"));
+        else if (bEnter)
+            onEnter();
+        else
+            QPlainTextEdit::keyPressEvent(pEvent);
+    }
+
+private:
+    std::function<void()> onEnter;
+};
+
 class FormDialog : public QDialog
 {
 public:
     FormDialog(Form& form, QWidget* pParent);
     int32_t Run();
+    void MoveTo(QPoint corner);
 
 private:
     void Add(FormControl& control);
@@ -51,6 +81,7 @@ private:
     void AddCheck(FormControl& control);
     void AddList(FormControl& control);
     void AddButton(FormControl const& control);
+    void PressDefault();
 
     QFormLayout* pRows = new QFormLayout;
     QHBoxLayout* pButtons = new QHBoxLayout;
@@ -82,6 +113,15 @@ int32_t FormDialog::Run()
     for (auto const& readBack : aReadBack)
         readBack();
     return lButton;
+}
+
+void FormDialog::MoveTo(QPoint corner)
+{
+    adjustSize();
+    QRect const room = screen()->availableGeometry();
+    corner.setX(std::max(std::min(corner.x(), room.right() - width()), room.left()));
+    corner.setY(std::max(std::min(corner.y(), room.bottom() - height()), room.top()));
+    move(corner);
 }
 
 void FormDialog::Add(FormControl& control)
@@ -149,7 +189,7 @@ void FormDialog::AddEdit(FormControl& control)
 
 void FormDialog::AddMultiLine(FormControl& control)
 {
-    auto* const pEdit = new QPlainTextEdit(LinesToQt(control.sText));
+    auto* const pEdit = new LinesEdit(LinesToQt(control.sText), [this] { PressDefault(); });
     pEdit->setMinimumSize(lEditWidth, lTextHeight);
     pEdit->setTabChangesFocus(true);
     auto const limit = [pEdit, &control]
@@ -194,12 +234,7 @@ void FormDialog::AddList(FormControl& control)
     for (std::string const& sRow : control.aRows)
         pList->addItem(ToQt(sRow));
     pList->setCurrentRow(control.lValue);
-    auto const choose = [this]
-    {
-        if (pDefault)
-            pDefault->click();
-    };
-    QObject::connect(pList, &QListWidget::itemDoubleClicked, this, choose);
+    QObject::connect(pList, &QListWidget::itemDoubleClicked, this, [this] { PressDefault(); });
     aReadBack.push_back([pList, &control] { control.lValue = pList->currentRow(); });
     AddRow(control, pList);
 }
@@ -216,7 +251,19 @@ void FormDialog::AddButton(FormControl const& control)
     }
     QObject::connect(pButton, &QPushButton::clicked, this, [this, lId = control.lId] { done(lId); });
 }
+
+void FormDialog::PressDefault()
+{
+    if (pDefault)
+        pDefault->click();
+}
 } // namespace
 
-int32_t Form_Run(Form& form, QWidget* pParent) { return FormDialog(form, pParent).Run(); }
+int32_t Form_Run(Form& form, QWidget* pParent, std::optional<QPoint> corner)
+{
+    FormDialog dialog(form, pParent);
+    if (corner)
+        dialog.MoveTo(*corner);
+    return dialog.Run();
+}
 } // namespace zarn

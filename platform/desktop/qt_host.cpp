@@ -22,7 +22,8 @@ int32_t QtHost::MessageBox(std::string_view sText, std::string_view sCaption, ui
 
 int32_t QtHost::RunForm(Form& form)
 {
-    int32_t const lButton = Form_Run(form, DialogParent());
+    auto const corner = pWindow && form.place ? std::optional(pWindow->OnScreen(*form.place)) : std::nullopt;
+    int32_t const lButton = Form_Run(form, DialogParent(), corner);
     TakeFocusBack();
     return lButton;
 }

@@ -25,6 +25,23 @@ std::string Contents(fs::path const& path)
 
 void Write(fs::path const& path, std::string const& s) { std::ofstream(path, std::ios::binary) << s; }
 
+/// Of each symbol of a dump but the title its height, sort and value: "pitch  3 sort NOTE lA 0".
+std::string Symbols(std::string const& sDump)
+{
+    std::string s;
+    std::istringstream lines(sDump);
+    for (std::string sLine; std::getline(lines, sLine);)
+    {
+        size_t const lAt = sLine.find("pitch");
+        if (lAt == sLine.npos || sLine.find("sort TITLE") != sLine.npos)
+            continue;
+        s += sLine.substr(lAt, sLine.find(" lX") - lAt) + ' ';
+        size_t const lSort = sLine.find("sort ");
+        s += sLine.substr(lSort, sLine.find(", lB") - lSort) + '\n';
+    }
+    return s;
+}
+
 class CommandLine : public testing::Test
 {
 protected:
@@ -64,6 +81,19 @@ TEST_F(CommandLine, HelpAndVersionGoToStandardOutput)
     EXPECT_EQ(Run("--version"), 0);
     EXPECT_EQ(sOut, "zarn " ZARN_VERSION "\n");
     EXPECT_EQ(sErr, "");
+}
+
+TEST_F(CommandLine, TransposingMovesTheWholeScoreAndLaysItOutAgain)
+{
+    Write(folder / "a.abc", "X:1\nT:Second\nK:A\nABcd|e4|\n");
+    EXPECT_EQ(Run("-o moved.svg book.abc --tune 7 --transpose 2"), 0) << sErr;
+    EXPECT_TRUE(Has("moved.svg"));
+    EXPECT_EQ(Run("--dump book.abc --tune 7 --transpose 2"), 0) << sErr;
+    std::string const sMoved = Symbols(sOut);
+    EXPECT_EQ(Run("--dump a.abc --adjust"), 0) << sErr;
+    EXPECT_EQ(sMoved, Symbols(sOut));
+    EXPECT_NE(sMoved.find("sort KEYSIG lA 3"), std::string::npos) << sMoved;
+    EXPECT_EQ(Run("--check book.abc --transpose 1"), 0) << sErr;
 }
 
 TEST_F(CommandLine, WrongWordsGiveStatusTwoAndOneClearLine)

@@ -57,6 +57,33 @@ TEST(Options, EveryOptionReachesItsField)
     EXPECT_TRUE(p.options.bQuiet);
 }
 
+TEST(Options, TransposingTakesSemitonesUpAndDownAndGoesWithATaskThatReads)
+{
+    for (int32_t const lSemitones : {-60, -3, 0, 12, 60})
+    {
+        Parsed const p = Parse({"-o", "x.svg", "--transpose", std::to_string(lSemitones), "a.abc"});
+        ASSERT_TRUE(p.bGood) << p.sError;
+        EXPECT_EQ(p.options.lTranspose, lSemitones);
+    }
+    EXPECT_EQ(Parse({"--dump", "a.abc"}).options.lTranspose, std::nullopt);
+    EXPECT_TRUE(Parse({"--dump", "--transpose", "2", "a.abc"}).bGood);
+    EXPECT_TRUE(Parse({"--check", "--transpose", "2", "a.abc"}).bGood);
+    for (char const* const sWrong : {"61", "-61", "x", "2.5", ""})
+    {
+        Parsed const p = Parse({"--dump", "--transpose", sWrong, "a.abc"});
+        EXPECT_FALSE(p.bGood) << sWrong;
+        EXPECT_NE(p.sError.find("--transpose takes a number from -60 to 60"), std::string::npos) << p.sError;
+    }
+    for (auto const& aWords : std::vector<std::vector<std::string>>{{"--transpose", "2", "a.abc"},
+                                                                    {"--list", "--transpose", "2", "a.abc"},
+                                                                    {"--replay", "j", "--transpose", "2"}})
+    {
+        Parsed const p = Parse(aWords);
+        EXPECT_FALSE(p.bGood);
+        EXPECT_EQ(p.sError, "--transpose goes with -o, --check or --dump");
+    }
+}
+
 TEST(Options, AReplayMayWriteAFile)
 {
     Parsed const p = Parse({"--replay", "j", "-o", "x.zrn", "a.zrn"});

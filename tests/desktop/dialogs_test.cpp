@@ -1,5 +1,8 @@
 // Boxes, forms and file dialogs, answered as a user would.
 #include "desktop/window_fixture.h"
+#include "panels/forms.h"
+#include "panels/hints.h"
+#include "panels/new_tune.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -10,6 +13,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTemporaryDir>
+#include <cstdlib>
 
 namespace zarn
 {
@@ -122,26 +126,119 @@ TEST_F(DesktopDialogs, ATextIsHeldToItsBytesAndNoCharacterIsCut)
     EXPECT_EQ(form.aControls[0].sText, "abäd");
 }
 
-TEST_F(DesktopDialogs, EnterBreaksALineOfLyrics)
+TEST_F(DesktopDialogs, CtrlEnterBreaksALineOfLyricsAndEnterIsOk)
 {
-    Form form{7003,
-              "Lyrics",
-              "text",
-              {{FormControl::MULTILINE, 7002, "", "Alas\r\n"},
-               {FormControl::DEFAULT_BUTTON, IDOK, "OK"},
-               {FormControl::BUTTON, IDCANCEL, "Cancel"}}};
+    for (int const lKey : {Qt::Key_Return, Qt::Key_Enter})
+    {
+        Form form = LyricsForm("Lyrics (Ctrl+Enter for new line)", "Alas\r\n", 100);
+        WhenAsked(
+            [lKey](QWidget* pDialog)
+            {
+                EXPECT_EQ(pDialog->windowTitle(), QStringLiteral("Lyrics (Ctrl+Enter for new line)"));
+                QWidget* const pEdit = QApplication::focusWidget();
+                QTest::keyClick(pEdit, Qt::Key_End, Qt::ControlModifier);
+                QTest::keyClicks(pEdit, QStringLiteral("my"));
+                QTest::keyClick(pEdit, static_cast<Qt::Key>(lKey), Qt::ControlModifier);
+                QTest::keyClicks(pEdit, QStringLiteral("love"));
+                QTest::keyClick(pEdit, static_cast<Qt::Key>(lKey));
+            });
+        EXPECT_EQ(desktop.RunForm(form), IDOK);
+        EXPECT_EQ(form.Find(lInputEdit)->sText, "Alas\nmy\nlove");
+    }
+}
+
+TEST_F(DesktopDialogs, EscapeLeavesTheLyricsAsTheyWere)
+{
+    Form form = LyricsForm("Lyrics", "Alas", 100);
     WhenAsked(
-        [](QWidget* pDialog)
+        [](QWidget*)
+        {
+            QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("my"));
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        });
+    EXPECT_EQ(desktop.RunForm(form), IDCANCEL);
+    EXPECT_EQ(form.Find(lInputEdit)->sText, "Alas");
+}
+
+TEST_F(DesktopDialogs, ALineBrokenAtTheLimitStaysWithinIt)
+{
+    Form form = LyricsForm("Lyrics", "Alas", 5);
+    WhenAsked(
+        [](QWidget*)
         {
             QWidget* const pEdit = QApplication::focusWidget();
             QTest::keyClick(pEdit, Qt::Key_End, Qt::ControlModifier);
+            QTest::keyClick(pEdit, Qt::Key_Return, Qt::ControlModifier);
             QTest::keyClicks(pEdit, QStringLiteral("my"));
             QTest::keyClick(pEdit, Qt::Key_Return);
-            QTest::keyClicks(pEdit, QStringLiteral("love"));
-            QTest::mouseClick(pDialog->findChildren<QPushButton*>().constFirst(), Qt::LeftButton);
         });
     EXPECT_EQ(desktop.RunForm(form), IDOK);
-    EXPECT_EQ(form.aControls[0].sText, "Alas\nmy\nlove");
+    EXPECT_EQ(form.Find(lInputEdit)->sText, "Alas\n");
+}
+
+TEST_F(DesktopDialogs, ADialogWithAPlaceStandsThereAsFarAsTheScreenHasRoom)
+{
+    struct
+    {
+        POINT place;
+        bool bThere;
+    } const aCase[] = {{{40, 30}, true}, {{100'000, 100'000}, false}, {{-100'000, -100'000}, false}};
+    for (auto const& c : aCase)
+    {
+        Form form = NumberForm();
+        form.place = c.place;
+        WhenAsked(
+            [&](QWidget* pDialog)
+            {
+                QPoint const corner = Canvas()->mapToGlobal(QPoint(c.place.x, c.place.y));
+                EXPECT_EQ(pDialog->pos() == corner, c.bThere);
+                EXPECT_LT(std::abs(pDialog->x()), 10'000);
+                EXPECT_LT(std::abs(pDialog->y()), 10'000);
+                QTest::keyClick(pDialog, Qt::Key_Return);
+            });
+        EXPECT_EQ(desktop.RunForm(form), IDOK);
+    }
+}
+
+TEST_F(DesktopDialogs, ATimeSignatureIsTypedFieldByField)
+{
+    Form form = TimeSignatureForm("4", "4", 49);
+    WhenAsked(
+        [](QWidget* pDialog)
+        {
+            EXPECT_EQ(pDialog->windowTitle(), QStringLiteral("Time-signature Input"));
+            QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("6"));
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("8"));
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        });
+    EXPECT_EQ(desktop.RunForm(form), IDOK);
+    EXPECT_EQ(form.Find(lTimeNumerator)->sText, "6");
+    EXPECT_EQ(form.Find(lTimeDenominator)->sText, "8");
+}
+
+TEST_F(DesktopDialogs, ANewTuneIsChosenByKeysAlone)
+{
+    Form form = NewTuneForm();
+    form.Find(lNewTuneHint)->sLabel = std::string(Hint(22)); // one of two lines
+    WhenAsked(
+        [](QWidget* pDialog)
+        {
+            auto const aCombos = pDialog->findChildren<QComboBox*>();
+            ASSERT_EQ(aCombos.size(), 3);
+            EXPECT_EQ(aCombos[1]->currentText(), QStringLiteral("C  (open)    "));
+            EXPECT_EQ(QApplication::focusWidget(), aCombos[0]);
+            QTest::keyClick(aCombos[0], Qt::Key_Down);
+            QTest::keyClick(aCombos[1], Qt::Key_G);
+            QTest::keyClick(aCombos[2], Qt::Key_End);
+            QTest::keyClick(pDialog->findChild<QCheckBox*>(), Qt::Key_Space);
+            QTest::keyClick(pDialog, Qt::Key_Return);
+        });
+    EXPECT_EQ(desktop.RunForm(form), IDOK);
+    EXPECT_EQ(form.Find(lNewTuneClef)->lValue, 1);
+    EXPECT_EQ(form.Find(lNewTuneKey)->lValue, 7);
+    EXPECT_EQ(form.Find(lNewTuneTime)->lValue, 10);
+    EXPECT_EQ(form.Find(lNewTuneTablature)->lValue, 1);
 }
 
 static Form TuneForm()

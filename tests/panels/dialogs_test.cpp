@@ -1,5 +1,6 @@
 #include "panels/dialogs.h"
 
+#include "core/messages.h"
 #include "panels/forms.h"
 #include "support/scripted_process.h"
 
@@ -66,6 +67,76 @@ TEST_F(Dialogs, CancelLeavesTheText)
     EXPECT_EQ(sText, "old");
 }
 
+TEST_F(Dialogs, AtAPlaceOkAndCancelAreToldApart)
+{
+    std::string sText = "old";
+    Answers({.kind = Answer::TEXT, .sText = "Greensleeves"});
+    Answers({.kind = Answer::CANCEL});
+    EXPECT_EQ(InputText(nullptr, &sText, "Title", 5, {10, 20}), 1);
+    EXPECT_EQ(InputText(nullptr, &sText, "Title", 5, {10, 20}), 0);
+    EXPECT_EQ(sText, "Green");
+    process.user.bFormsWork = false;
+    EXPECT_EQ(InputText(nullptr, &sText, "Title", 5, {10, 20}), 0);
+}
+
+TEST_F(Dialogs, LyricsComeBackAsTyped)
+{
+    std::string sText = "old";
+    Answers({.kind = Answer::TEXT, .sText = "Alas\r\nmy"});
+    Answers({.kind = Answer::CANCEL});
+    EXPECT_EQ(InputLyrics(nullptr, &sText, "Lyrics (Ctrl+Enter for new line)", 100), 1);
+    EXPECT_EQ(InputLyrics(nullptr, &sText, "Lyrics (Ctrl+Enter for new line)", 100), 1);
+    EXPECT_EQ(sText, "Alas\r\nmy");
+    Answers({.kind = Answer::TEXT, .sText = "Greensleeves"});
+    EXPECT_EQ(InputLyrics(nullptr, &sText, "", 5), 1);
+    EXPECT_EQ(sText, "Green");
+    process.user.bFormsWork = false;
+    EXPECT_EQ(InputLyrics(nullptr, &sText, "", 5), 0);
+}
+
+TEST_F(Dialogs, ATimeSignatureIsTakenWhenItsDenominatorIsAPowerOfTwo)
+{
+    struct
+    {
+        char const *sNumerator, *sDenominator;
+        int32_t lResult, lNumerator, lDenominator;
+    } const aCase[] = {{"6", "8", 1, 6, 8},      {"3", "1", 1, 3, 1},
+                       {"3", "0", 0, 3, 0},      {"3", "6", 0, 3, 6},
+                       {"3", "12", 0, 3, 12},    {"-5", "-4", 1, 5, 4},
+                       {"x", "2", 1, 0, 2},      {"3", "", 0, 3, 0},
+                       {"7x", "16th", 1, 7, 16}, {"3", "-2147483648", 0, 3, 2147483647}};
+    for (auto const& c : aCase)
+    {
+        int32_t lNumerator = 4;
+        int32_t lDenominator = 4;
+        Serious_Rearm();
+        process.user.shown.clear();
+        Answers({.kind = Answer::FORM,
+                 .sText = std::string("numerator=\"") + c.sNumerator + "\" denominator=\"" + c.sDenominator + "\" ok"});
+        EXPECT_EQ(InputTimeSignature(nullptr, &lNumerator, &lDenominator), c.lResult) << c.sDenominator;
+        EXPECT_EQ(lNumerator, c.lNumerator);
+        EXPECT_EQ(lDenominator, c.lDenominator);
+        std::vector<std::string> aExpected{"Time-signature Input"};
+        if (c.lResult == 0)
+            aExpected.emplace_back("Time signature denominator must be a power of 2");
+        EXPECT_EQ(process.user.Messages(), aExpected);
+    }
+}
+
+TEST_F(Dialogs, ACancelledTimeSignatureIsTheOneShown)
+{
+    int32_t lNumerator = -3;
+    int32_t lDenominator = 4;
+    Answers({.kind = Answer::CANCEL});
+    EXPECT_EQ(InputTimeSignature(nullptr, &lNumerator, &lDenominator), 1);
+    EXPECT_EQ(lNumerator, 3);
+    EXPECT_EQ(lDenominator, 4);
+    process.user.bFormsWork = false;
+    lNumerator = -3;
+    EXPECT_EQ(InputTimeSignature(nullptr, &lNumerator, &lDenominator), 0);
+    EXPECT_EQ(lNumerator, -3);
+}
+
 TEST_F(Dialogs, AQuestionTellsItsButtonsApart)
 {
     Answers({.kind = Answer::FIRST});
@@ -85,6 +156,7 @@ TEST_F(Dialogs, AQuestionNobodyAnswersIsCancelled)
 TEST(Forms, AFormHasATitleOfItsOwnWhenNoneIsGiven)
 {
     EXPECT_EQ(InputForm("", "", "text", 0).sTitle, "Input");
+    EXPECT_EQ(LyricsForm("", "", 0).sTitle, "Lyrics");
     EXPECT_EQ(QuestionForm("", "", "a", "b").sTitle, "Question");
 }
 } // namespace zarn
