@@ -119,6 +119,14 @@ struct RandomEditing : Shell
         Update();
     }
 
+    static int32_t CountElements()
+    {
+        int32_t cElements = 0;
+        for (List const list : aStaffList)
+            cElements += List_Card(list);
+        return cElements;
+    }
+
     void KeepJournal(int32_t lStep) const
     {
         std::ofstream("random_editing_" + std::to_string(lStep) + ".journal") << sJournal;
@@ -134,6 +142,8 @@ TEST_F(RandomEditing, LeavesTheScoreWhole)
     char const* const sEvents = std::getenv("ZARN_EVENTS");
     int32_t const cEvents = sEvents ? std::atoi(sEvents) : 6000;
     constexpr int32_t lPerScore = 400;
+    int32_t cGrown = 0;
+    int32_t cShrunk = 0;
     for (int32_t n = 0; n < cEvents; ++n)
     {
         if (n % lPerScore == 0)
@@ -150,7 +160,10 @@ TEST_F(RandomEditing, LeavesTheScoreWhole)
             Command(COMMAND_FULLADJUST);
         }
         Event const event = AnyEvent();
+        int32_t const cBefore = CountElements();
         Give(event);
+        cGrown += CountElements() > cBefore;
+        cShrunk += CountElements() < cBefore;
         std::vector<std::string> const aWrong = Score_CheckStructure();
         if (!aWrong.empty())
         {
@@ -159,5 +172,8 @@ TEST_F(RandomEditing, LeavesTheScoreWhole)
         }
         ASSERT_TRUE(hwndMain) << Event_Format(event);
     }
+    // Neither a guard nor a question has kept the events from doing their work.
+    EXPECT_GT(cGrown, cEvents / 20);
+    EXPECT_GT(cShrunk, cEvents / 100);
 }
 } // namespace zarn::test
