@@ -108,23 +108,21 @@ private:
         return true;
     }
 
-    /// What the page's symbols reach: they, the last line of notes ahead, the line behind with its first note that a
-    /// tie may end at, and what slurs, first-time bars and beams go on to.
+    /// What the page's symbols reach: they, the last line of notes ahead, the line behind, and what ties, slurs,
+    /// first-time bars and beams go on to.
     void FoldAround(int32_t lStaff, int32_t lTo)
     {
         StaffPlace const first = aLineBefore[lStaff];
         int64_t const lLineBehind = int64_t{lTo} + lColsPerLine;
         OpenReach reach;
-        bool bNote = false;
         StaffPlace end = aPlace[lStaff];
         for (int32_t lBehind = 0; end.pel; end.Step())
         {
             if (end.pel->lStrX >= lTo)
             {
-                bool const bReached = end.pel->lStrX >= lLineBehind && bNote && !reach.IsOpen();
+                bool const bReached = end.pel->lStrX >= lLineBehind && !reach.IsOpen();
                 if (bReached || ++lBehind > lLongestReach)
                     break;
-                bNote = bNote || end.pel->sort == NOTE;
             }
             reach.Pass(end.pel);
         }

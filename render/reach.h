@@ -29,7 +29,11 @@ public:
         case REPEATENDSTART:
             bFirstTime = false;
             break;
+        case TIE:
+            bTie = true;
+            break;
         case NOTE:
+            bTie = false;
             bChord = (pel->lA & fChordMore) != 0;
             bBeam = pel->beam == BEAM_FIRST || (bBeam && pel->beam != BEAM_LAST);
             break;
@@ -37,11 +41,12 @@ public:
             break;
         }
     }
-    [[nodiscard]] bool IsOpen() const { return cSlurs > 0 || bFirstTime || bChord || bBeam; }
+    [[nodiscard]] bool IsOpen() const { return cSlurs > 0 || bFirstTime || bTie || bChord || bBeam; }
 
 private:
     int32_t cSlurs = 0;
     bool bFirstTime = false;
+    bool bTie = false;
     bool bChord = false;
     bool bBeam = false;
 };
