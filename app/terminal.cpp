@@ -58,11 +58,28 @@ void Terminal_Shown(Shown const& shown)
     }
 }
 
+/// The text, cut where a damaged line would fill the screen.
+static std::string Shortened(std::string const& sText)
+{
+    constexpr size_t cchMost = 200;
+    return sText.size() <= cchMost ? sText : sText.substr(0, cchMost) + "...";
+}
+
 void Terminal_Complaint(AbcComplaint const& complaint)
 {
+    // A file that isn't ABC at all has something to complain of at every byte.
+    constexpr int32_t lMostTold = 1000;
+    static std::string szFile;
+    static int32_t cOfFile = 0;
     ++cTerminalComplaints;
-    if (!bTerminalQuiet)
-        std::fprintf(stderr, "%s:%d:%d: %s\n", szTerminalFile.c_str(), complaint.lLine, complaint.lColumn,
-                     OneLine(complaint.sText).c_str());
+    if (szFile != szTerminalFile)
+        cOfFile = 0;
+    szFile = szTerminalFile;
+    if (bTerminalQuiet || ++cOfFile > lMostTold)
+        return;
+    std::fprintf(stderr, "%s:%d:%d: %s\n", szTerminalFile.c_str(), complaint.lLine, complaint.lColumn,
+                 Shortened(OneLine(complaint.sText)).c_str());
+    if (cOfFile == lMostTold)
+        std::fprintf(stderr, "%s: what else is wrong with it isn't told\n", szTerminalFile.c_str());
 }
 } // namespace zarn

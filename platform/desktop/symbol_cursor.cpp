@@ -27,12 +27,26 @@ static QImage Coloured(QImage const& shape, QColor const& color)
     return coloured;
 }
 
+static bool IsEmpty(QImage const& shape)
+{
+    for (int y = 0; y < shape.height(); ++y)
+        for (int x = 0; x < shape.width(); ++x)
+            if (qAlpha(shape.pixel(x, y)) != 0)
+                return false;
+    return true;
+}
+
 void SymbolCursor::End(HDC hdc, POINT hotSpot)
 {
     delete hdc;
     if (!surface.IsActive())
         return;
     surface.End();
+    if (IsEmpty(image))
+    {
+        cursor = QCursor(Qt::ArrowCursor); // a symbol without a shape: the pointer must be seen
+        return;
+    }
     QImage rimmed(image.size(), image.format());
     rimmed.fill(Qt::transparent);
     {

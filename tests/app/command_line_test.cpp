@@ -1,6 +1,7 @@
 // The program itself, run as a user runs it: exit status, what it says, and the files that it leaves.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -230,5 +231,17 @@ TEST_F(CommandLine, PaperAndPicturesNeedNoDisplay)
     EXPECT_TRUE(File("x.pdf").starts_with("%PDF"));
     EXPECT_EQ(Run("-o x.png -r 192 book.abc"), 0) << sErr;
     EXPECT_TRUE(File("x.png").starts_with("\x89PNG"));
+}
+
+TEST_F(CommandLine, AFileOfRubbishIsComplainedOfAtALengthThatCanBeRead)
+{
+    std::string sRubbish = "X:1\nK:C\n";
+    for (int32_t n = 0; n < 3000; ++n)
+        sRubbish += std::string(static_cast<size_t>(n % 400), '?') + "\n";
+    Write(folder / "rubbish.abc", sRubbish);
+    EXPECT_EQ(Run("--check rubbish.abc"), 1);
+    EXPECT_EQ(std::count(sErr.begin(), sErr.end(), '\n'), 1001);
+    EXPECT_NE(sErr.find("rubbish.abc: what else is wrong with it isn't told\n"), std::string::npos);
+    EXPECT_LT(sErr.size(), 300'000u);
 }
 } // namespace zarn
