@@ -5,12 +5,15 @@
 #include "abc/abc_reader.h"
 #include "core/messages.h"
 #include "core/text.h"
+#include "edit/current_symbol.h"
 #include "edit/new_score.h"
 #include "file/native.h"
 #include "layout/adjust.h"
 #include "layout/place.h"
 #include "render/geometry.h"
+#include "render/symbol_cursor.h"
 #include "shell/file_names.h"
+#include "shell/modes.h"
 
 #include <algorithm>
 #include <vector>
@@ -102,6 +105,15 @@ std::string AbcTitle(std::string const& szName)
     return Format("%s (from file '%s')", szAbcTune.c_str(), szName.c_str());
 }
 
+/// A reader leaves the last symbol of its tune behind as the current one; a user begins with a crotchet.
+static void ChooseCrotchet()
+{
+    constexpr int32_t lCrotchet = 48; // ticks
+    CurrentSymbol_SetNote(lCrotchet);
+    if (fMouseMode)
+        MakeSymbolCursor(hwndMain);
+}
+
 LoadResult LoadNamed(std::string const& szName, int32_t lTune, std::string* psTitle)
 {
     LoadResult result = LoadResult::NOT_OPENED;
@@ -113,6 +125,7 @@ LoadResult LoadNamed(std::string const& szName, int32_t lTune, std::string* psTi
     else
         *psTitle = Format("Error opening <%s>", szName.c_str());
     bScoreDirty = false;
+    ChooseCrotchet();
     return result;
 }
 
