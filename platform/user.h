@@ -55,6 +55,7 @@ struct FormControl
     std::string sText = {}; ///< EDIT and MULTILINE: in and out
     int32_t lValue = 0;     ///< COMBO and LIST: the row, -1 for none; CHECK: 1 or 0
     std::vector<std::string> aRows = {};
+    bool bSearch = false;   ///< LIST: a line above it narrows the rows to those that hold what is typed
     int32_t lLimit = 0;     ///< EDIT and MULTILINE: bytes that it takes; 0 for no limit
     std::string sName = {}; ///< what an answer calls it in a dialog of several fields; empty for none
 };

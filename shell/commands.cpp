@@ -3,6 +3,7 @@
 
 #include "core/messages.h"
 #include "core/score.h"
+#include "shell/command_list.h"
 #include "shell/edit_commands.h"
 #include "shell/exit.h"
 #include "shell/files.h"
@@ -141,6 +142,7 @@ constexpr CommandRow aCommands[] = {
     {COMMAND_DEBUGLOGON, DebugLogOn},
     {COMMAND_HELP, HelpCommand},
     {COMMAND_BRIEFINFO, BriefInfoCommand},
+    {COMMAND_ALLCOMMANDS, AllCommandsCommand},
 };
 
 CommandRange const* FindRange(int32_t lCommand)

@@ -96,7 +96,9 @@ static std::vector<MenuItem> ActionMenu()
 
 static std::vector<MenuItem> HelpMenu()
 {
-    return {{COMMAND_HELP, "Help"}, {COMMAND_BRIEFINFO, "Brief info about Zarn"}};
+    return {{COMMAND_HELP, "Help"},
+            {COMMAND_ALLCOMMANDS, "&All commands..."},
+            {COMMAND_BRIEFINFO, "Brief info about Zarn"}};
 }
 
 std::vector<MenuItem> const& MainMenu()

@@ -2,6 +2,8 @@
 
 #include "layout/adjust.h"
 #include "platform/headless/replay.h"
+#include "shell/command_list.h"
+#include "shell/command_numbers.h"
 #include "shell/menu.h"
 #include "shell/options.h"
 #include "support/shell_fixture.h"
@@ -449,5 +451,30 @@ TEST(Journal, AnEveningPlaysBack)
     EXPECT_EQ(lLegersAbove, 7);
     EXPECT_TRUE(std::filesystem::exists(szFile));
     EXPECT_TRUE(evening.process.user.bQuit);
+}
+
+TEST_F(Commands, TheListOfAllCommandsHasTheirKeysAndRunsTheChosenOne)
+{
+    std::vector<CommandLine> const aLines = CommandList();
+    auto const find = [&](std::string const& sText)
+    {
+        for (size_t n = 0; n < aLines.size(); ++n)
+            if (aLines[n].sText == sText)
+                return static_cast<int32_t>(n);
+        return -1;
+    };
+    EXPECT_GE(find("Symbols: Notes: Minim  (3)"), 0);
+    EXPECT_GE(find("Edit: Cut  (^X)"), 0);
+    EXPECT_GE(find("Instruments: Roland Sound canvas / General MIDI: Miscellaneous 1: Brass & lead"), 0);
+    int32_t const lRow = find("Action: Stretch-horiz  (+)");
+    ASSERT_GE(lRow, 0);
+    AnswersRow(lRow);
+    Command(COMMAND_ALLCOMMANDS);
+    EXPECT_EQ(lColsPerLine, 143);
+    AnswersRow(find("Edit: Cut  (^X)")); // grey
+    Command(COMMAND_ALLCOMMANDS);
+    EXPECT_TRUE(bAutoLayout);
+    Command(COMMAND_ALLCOMMANDS); // closed
+    EXPECT_EQ(lColsPerLine, 143);
 }
 } // namespace zarn::test

@@ -1,0 +1,76 @@
+// The menu, flattened.
+#include "shell/command_list.h"
+
+#include "core/messages.h"
+#include "shell/commands.h"
+#include "shell/menu.h"
+
+#include <string_view>
+
+namespace zarn
+{
+constexpr int32_t lCommandsForm = 7050;
+constexpr int32_t lCommandsList = 7051;
+
+/// The label without the sign ahead of its mnemonic and without its key.
+static std::string PlainLabel(std::string_view sLabel)
+{
+    std::string sPlain;
+    for (size_t n = 0; n < sLabel.size() && sLabel[n] != '\t'; ++n)
+    {
+        if (sLabel[n] == '&' && n + 1 < sLabel.size())
+            ++n; // "&&" is the sign itself
+        sPlain += sLabel[n];
+    }
+    return sPlain;
+}
+
+static void Flatten(std::vector<MenuItem> const& aItems, std::string const& sPath, std::vector<CommandLine>& aLines)
+{
+    for (MenuItem const& item : aItems)
+    {
+        if (!item.sLabel)
+            continue;
+        std::string_view const sLabel = item.sLabel;
+        std::string sText = sPath + PlainLabel(sLabel);
+        if (item.lCommand == 0)
+        {
+            Flatten(item.aItems, sText + ": ", aLines);
+            continue;
+        }
+        if (size_t const nTab = sLabel.find('\t'); nTab != std::string_view::npos)
+            sText += "  (" + std::string(sLabel.substr(nTab + 1)) + ")";
+        aLines.push_back({item.lCommand, std::move(sText)});
+    }
+}
+
+std::vector<CommandLine> CommandList()
+{
+    std::vector<CommandLine> aLines;
+    Flatten(MainMenu(), "", aLines);
+    return aLines;
+}
+
+void AllCommandsCommand()
+{
+    std::vector<CommandLine> const aLines = CommandList();
+    FormControl list{FormControl::LIST, lCommandsList, ""};
+    list.bSearch = true;
+    list.lValue = 0;
+    for (CommandLine const& line : aLines)
+        list.aRows.push_back(line.sText);
+    Form form{
+        lCommandsForm,
+        "All commands",
+        "row",
+        {std::move(list), {FormControl::DEFAULT_BUTTON, IDOK, "Do it"}, {FormControl::BUTTON, IDCANCEL, "Close"}}};
+    if (DialogBoxParamA(hwndMain, form) != IDOK)
+        return;
+    int32_t const lRow = form.Find(lCommandsList)->lValue;
+    if (lRow < 0 || lRow >= static_cast<int32_t>(aLines.size()))
+        return;
+    int32_t const lCommand = aLines[static_cast<size_t>(lRow)].lCommand;
+    if (!Menu_IsGrey(lCommand))
+        Command_Run(lCommand);
+}
+} // namespace zarn
