@@ -11,6 +11,7 @@
 #include "shell/modes.h"
 #include "shell/options.h"
 #include "shell/page_commands.h"
+#include "shell/panels_shown.h"
 #include "shell/staffs_shown.h"
 #include "shell/symbol_commands.h"
 
@@ -108,6 +109,10 @@ constexpr CommandRow aCommands[] = {
     {COMMAND_DOWNBOW, [] { SymbolCommand(BOWING, 2); }},
     {COMMAND_INSTRUMENTNUMBER, InstrumentNumberCommand},
     {COMMAND_KEEPBARS, ToggleKeepBars},
+    {COMMAND_PIANO, TogglePiano},
+    {COMMAND_PALETTE, TogglePalette},
+    {COMMAND_PIANOCLOSED, PianoClosed},
+    {COMMAND_PALETTECLOSED, PaletteClosed},
     {COMMAND_CLARINET, ToggleClarinet},
     {COMMAND_GUITAR, ToggleGuitar},
     {COMMAND_EDITMODE, ToggleEditMode},

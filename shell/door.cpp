@@ -10,6 +10,7 @@
 #include "shell/main_window.h"
 #include "shell/menu.h"
 #include "shell/mouse.h"
+#include "shell/panels_shown.h"
 #include "shell/status.h"
 
 namespace zarn
@@ -65,6 +66,12 @@ void ShellDoor::Receive(Event const& event)
         break;
     case EventKind::RIGHTUP:
         Mouse_RightUp({event.x, event.y});
+        break;
+    case EventKind::PALETTE:
+        PaletteClick(event.x, event.y);
+        break;
+    case EventKind::PIANO:
+        PianoClick(event.x, event.y);
         break;
     case EventKind::SCROLL:
         MainWindow_Scrolled(static_cast<ScrollAction>(event.lNumber), event.x);

@@ -6,6 +6,7 @@
 #include "shell/command_numbers.h"
 #include "shell/file_names.h"
 #include "shell/files.h"
+#include "shell/panels_shown.h"
 
 namespace zarn
 {
@@ -26,6 +27,7 @@ void ExitCommand()
         return;
     DestroyWindow(hwndMain);
     hwndMain = nullptr;
+    Panels_Forget();
     Score_DestroyLists();
     PostQuitMessage(0);
 }

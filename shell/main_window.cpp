@@ -11,6 +11,7 @@
 #include "render/ruled_lines.h"
 #include "shell/modes.h"
 #include "shell/page_commands.h"
+#include "shell/panels_shown.h"
 
 #include <algorithm>
 
@@ -41,6 +42,7 @@ void MainWindow_Resized(SIZE size)
     RuledLines_Reset();
     ReGrid();
     Font_Renew();
+    Panels_Place(size);
     InvalidateRect(hwndMain);
 }
 

@@ -68,6 +68,8 @@ static std::vector<MenuItem> OptionsMenu()
             {COMMAND_RIGHTJUSTIFIED, "&Right justified"},
             {COMMAND_ADJUSTALWAYS, "&Adjust continuously"},
             {COMMAND_EDITMODE, "&Edit mode"},
+            {COMMAND_PALETTE, "&Note Palette"},
+            {COMMAND_PIANO, "&Piano keyboard"},
             {},
             {COMMAND_CLARINET, "&Clarinet transpose"},
             {COMMAND_GUITAR, "&Guitar transpose"},

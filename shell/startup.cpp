@@ -17,6 +17,7 @@
 #include "shell/modes.h"
 #include "shell/options.h"
 #include "shell/page_commands.h"
+#include "shell/panels_shown.h"
 
 namespace zarn
 {
@@ -43,6 +44,7 @@ static bool MakeMainWindow()
         return false;
     Menu_Attach();
     MainWindow_Created();
+    Panels_Create();
     RECT const client = GetClientRect(hwndMain);
     MainWindow_Resized({client.right, client.bottom});
     Modes_Show();
@@ -119,6 +121,7 @@ void ShutDown()
     if (aStaffList[0]) // leaving through the window has freed them already
         Score_DestroyLists();
     hwndMain = nullptr;
+    Panels_Forget();
     Font_Renew();
     Geometry_Free();
 }

@@ -136,6 +136,9 @@ struct RandomEditing : Shell
 
 TEST_F(RandomEditing, LeavesTheScoreWhole)
 {
+    // A save asks for a name and gets any: it lands here.
+    std::filesystem::path const home = std::filesystem::current_path();
+    std::filesystem::current_path(pFolder);
     Start();
     Collect(MainMenu());
     ASSERT_GT(aCommands.size(), 300u);
@@ -167,11 +170,13 @@ TEST_F(RandomEditing, LeavesTheScoreWhole)
         std::vector<std::string> const aWrong = Score_CheckStructure();
         if (!aWrong.empty())
         {
+            std::filesystem::current_path(home);
             KeepJournal(n);
             FAIL() << "step " << n << ", " << Event_Format(event) << ": " << aWrong.front();
         }
         ASSERT_TRUE(hwndMain) << Event_Format(event);
     }
+    std::filesystem::current_path(home);
     // Neither a guard nor a question has kept the events from doing their work.
     EXPECT_GT(cGrown, cEvents / 20);
     EXPECT_GT(cShrunk, cEvents / 100);
