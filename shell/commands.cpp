@@ -3,6 +3,7 @@
 
 #include "core/messages.h"
 #include "core/score.h"
+#include "edit/current_symbol.h"
 #include "shell/command_list.h"
 #include "shell/edit_commands.h"
 #include "shell/exit.h"
@@ -14,6 +15,7 @@
 #include "shell/panels_shown.h"
 #include "shell/staffs_shown.h"
 #include "shell/symbol_commands.h"
+#include "shell/text_commands.h"
 
 namespace zarn
 {
@@ -30,6 +32,8 @@ constexpr CommandRange aRanges[] = {
     {COMMAND_VOLUME, COMMAND_VOLUME + 8, COMMAND_VOLUME, VolumeCommand},
     {COMMAND_INSTRUMENT, COMMAND_INSTRUMENT + 127, COMMAND_INSTRUMENT, [](int32_t l) { SymbolCommand(INSTRUMENT, l); }},
     {COMMAND_TRANSPOSE - 60, COMMAND_TRANSPOSE + 60, COMMAND_TRANSPOSE, [](int32_t l) { SymbolCommand(TRANSPOSE, l); }},
+    {COMMAND_TRANSPOSEMARK - 60, COMMAND_TRANSPOSEMARK + 60, COMMAND_TRANSPOSEMARK, TransposeMarkCommand},
+    {COMMAND_TRANSPOSEALL - 60, COMMAND_TRANSPOSEALL + 60, COMMAND_TRANSPOSEALL, TransposeAllCommand},
     {COMMAND_TEMPO, COMMAND_TEMPO + 315, COMMAND_TEMPO, [](int32_t l) { SymbolCommand(TEMPO, l); }},
     {COMMAND_SHOWSTAFF + 1, COMMAND_SHOWSTAFF + lHighestStaff, COMMAND_SHOWSTAFF, ShowOrHideStaff},
     {COMMAND_KEYKEEPINGTEXT - 6, COMMAND_KEYKEEPINGTEXT + 6, COMMAND_KEYKEEPINGTEXT, KeyKeepingTextCommand},
@@ -98,6 +102,16 @@ constexpr CommandRow aCommands[] = {
     {COMMAND_TIME24 + 4, [] { SymbolCommand(TIMESIG, 6, 8); }},
     {COMMAND_TIME24 + 5, [] { SymbolCommand(TIMESIG, 9, 8); }},
     {COMMAND_TIME24 + 6, [] { SymbolCommand(TIMESIG, 12, 8); }},
+    {COMMAND_OTHERTIME, TimeSignatureCommand},
+    {COMMAND_TITLE, [] { EnterText(WRITE_TITLE); }},
+    {COMMAND_WORD, [] { EnterText(WRITE_LYRIC); }},
+    {COMMAND_HARMONY, [] { EnterText(WRITE_HARMONY); }},
+    {COMMAND_TEXT, [] { EnterText(WRITE_TEXT); }},
+    {COMMAND_ANNOTATION, [] { EnterText(WRITE_ANNOTATION); }},
+    {COMMAND_LYRICS, LyricsCommand},
+    {COMMAND_EDITITEM, EditItemCommand},
+    {COMMAND_EDITLYRICS, EditLyricsCommand},
+    {COMMAND_DELETEITEM, DeleteItemCommand},
     {COMMAND_DOT, DotCommand},
     {COMMAND_TRIPLET, TripletCommand},
     {COMMAND_STACCATO, StaccatoCommand},

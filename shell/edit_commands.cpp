@@ -6,6 +6,7 @@
 #include "edit/insert.h"
 #include "edit/mark.h"
 #include "edit/slur_mark.h"
+#include "edit/transpose.h"
 #include "edit/undo.h"
 #include "layout/adjust.h"
 #include "render/symbol_cursor.h"
@@ -104,6 +105,22 @@ void SlurMarkCommand()
 {
     SlurMark();
     InvalidateRect(hwndMain);
+}
+
+void TransposeMarkCommand(int32_t lSemitones)
+{
+    if (RefuseInRightJustified())
+        return;
+    TransposeMark(lSemitones);
+    FullAdjustAndRepaint();
+}
+
+void TransposeAllCommand(int32_t lSemitones)
+{
+    if (RefuseInRightJustified())
+        return;
+    TransposeAll(lSemitones);
+    FullAdjustAndRepaint();
 }
 
 void InsertPointCommand()

@@ -13,6 +13,8 @@ void MarkBeginCommand();
 void MarkEndCommand();
 void ClearMarkCommand();
 void SlurMarkCommand();
+void TransposeMarkCommand(int32_t lSemitones);
+void TransposeAllCommand(int32_t lSemitones);
 void InsertPointCommand(); ///< The insert point goes to the pointer.
 
 /// Cut and Copy become possible, or grey.

@@ -12,18 +12,19 @@
 #include "file/native.h"
 #include "layout/adjust.h"
 #include "layout/bars.h"
+#include "panels/new_tune.h"
 #include "platform/commdlg.h"
 #include "platform/files.h"
 #include "render/font.h"
+#include "render/symbol_cursor.h"
 #include "shell/command_numbers.h"
 #include "shell/file_names.h"
 #include "shell/load.h"
+#include "shell/modes.h"
 #include "shell/options.h"
 
 namespace zarn
 {
-constexpr int32_t lTrebleClef = 1;
-constexpr int32_t lKeyOfC = 0;
 
 void SaveCommand() { (void)SaveFile(hwndMain, COMMAND_SAVE); }
 
@@ -65,12 +66,21 @@ void NewCommand()
 
 void NewTune(HWND hwnd)
 {
+    int32_t lClef = 0;
+    int32_t lKey = 0;
+    int32_t lNum = 0;
+    int32_t lDen = 0;
+    bool bTablature = false;
+    if (!NewTuneDialog(hwnd, &lClef, &lKey, &lNum, &lDen, &bTablature))
+        return;
     Score_New();
     SetNativeNames("");
     Options_ShowChecks();
     SetWindowTextA(hwnd, "");
-    NewTuneOpening(lTrebleClef, lKeyOfC, 4, 4);
+    NewTuneOpening(lClef, lKey, lNum, lDen);
     Font_Renew();
+    if (fMouseMode)
+        MakeSymbolCursor(hwnd);
     InvalidateRect(hwnd);
 }
 

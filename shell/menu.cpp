@@ -31,6 +31,8 @@ static std::vector<MenuItem> EditMenu()
             {COMMAND_CLEARMARK, "Clear &Mark\tF4"},
             {},
             {COMMAND_SLURMARK, "&Slur mark"},
+            {0, "T&ranspose Mark", false, TransposeMarkMenu()},
+            {0, "Transpose &All", false, TransposeAllMenu()},
             {},
             {COMMAND_INSERTPOINT, "&Insert point for piano\tv"}};
 }

@@ -55,6 +55,14 @@ void InstrumentNumberCommand()
     SymbolCommand(INSTRUMENT, AtoiLoose(sNumber));
 }
 
+void TimeSignatureCommand()
+{
+    int32_t lNum = 4;
+    int32_t lDen = 4;
+    if (InputTimeSignature(hwndMain, &lNum, &lDen))
+        SymbolCommand(TIMESIG, lNum, lDen);
+}
+
 static void Toggle(void (*pCurrent)(), void (*pAtMouse)(HDC, HWND, int32_t, int32_t))
 {
     if (RefuseInRightJustified())

@@ -13,6 +13,7 @@ void VolumeCommand(int32_t lStep); ///< 0 (ppp) to 8 (fff)
 void KeyKeepingTextCommand(int32_t lKey);
 void KeyKeepingPitchCommand(int32_t lKey);
 void InstrumentNumberCommand(); ///< asks for the number
+void TimeSignatureCommand();    ///< asks for it
 
 /// On the current symbol; in keyboard mode on the note at the pointer, too.
 void DotCommand();

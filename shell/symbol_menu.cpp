@@ -68,10 +68,10 @@ static std::vector<MenuItem> KeyKeepingPitchMenu()
 
 static std::vector<MenuItem> TimeMenu()
 {
-    return {{COMMAND_TIME12, "1/2"},     {COMMAND_TIME12 + 1, "2/2"}, {COMMAND_TIME12 + 2, "3/2"},
-            {COMMAND_TIME12 + 3, "4/2"}, {COMMAND_TIME24, "2/4"},     {COMMAND_TIME24 + 1, "3/4"},
-            {COMMAND_TIME24 + 2, "4/4"}, {COMMAND_TIME24 + 3, "6/4"}, {COMMAND_TIME24 + 4, "6/8"},
-            {COMMAND_TIME24 + 5, "9/8"}, {COMMAND_TIME24 + 6, "12/8"}};
+    return {{COMMAND_TIME12, "1/2"},     {COMMAND_TIME12 + 1, "2/2"},  {COMMAND_TIME12 + 2, "3/2"},
+            {COMMAND_TIME12 + 3, "4/2"}, {COMMAND_TIME24, "2/4"},      {COMMAND_TIME24 + 1, "3/4"},
+            {COMMAND_TIME24 + 2, "4/4"}, {COMMAND_TIME24 + 3, "6/4"},  {COMMAND_TIME24 + 4, "6/8"},
+            {COMMAND_TIME24 + 5, "9/8"}, {COMMAND_TIME24 + 6, "12/8"}, {COMMAND_OTHERTIME, "Other..."}};
 }
 
 static std::vector<MenuItem> VolumeMenu()
@@ -96,6 +96,12 @@ static std::vector<MenuItem> PlayTransposedMenu()
             {3052, "Down 4 octaves"}};
 }
 
+static std::vector<MenuItem> TextMenu()
+{
+    return {{COMMAND_TITLE, "&Title"},      {COMMAND_HARMONY, "&Harmony\tH"}, {COMMAND_WORD, "&Word\tW"},
+            {COMMAND_LYRICS, "&Lyrics\tL"}, {COMMAND_TEXT, "&Text"},          {COMMAND_ANNOTATION, "&Annotation"}};
+}
+
 std::vector<MenuItem> SymbolMenu()
 {
     return {{0, "&Notes", false, NoteMenu()},
@@ -115,6 +121,7 @@ std::vector<MenuItem> SymbolMenu()
             {COMMAND_DOWNBOW, "&Downbow / downstrum\td"},
             {COMMAND_ARPEGGIOSTART, "Mark arpeggio start\t["},
             {COMMAND_ARPEGGIOEND, "Mark arpeggio end\t]"},
+            {0, "T&ext", false, TextMenu()},
             {0, "&Volume", false, VolumeMenu()},
             {0, "P&lay Transposed", false, PlayTransposedMenu()},
             {},

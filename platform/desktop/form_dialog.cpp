@@ -80,6 +80,7 @@ private:
     void AddCombo(FormControl& control);
     void AddCheck(FormControl& control);
     void AddList(FormControl& control);
+    void AddSearch(QListWidget& list);
     void AddButton(FormControl const& control);
     void PressDefault();
 
@@ -226,6 +227,31 @@ void FormDialog::AddCheck(FormControl& control)
     pRows->addRow(pCheck);
 }
 
+/// A line that hides the rows which don't hold what is typed, whatever the case.
+void FormDialog::AddSearch(QListWidget& list)
+{
+    auto* const pSearch = new QLineEdit;
+    pSearch->setPlaceholderText(QStringLiteral("Search"));
+    pSearch->setClearButtonEnabled(true);
+    pSearch->setAccessibleName(QStringLiteral("Search"));
+    QObject::connect(pSearch, &QLineEdit::textChanged, &list,
+                     [&list](QString const& sText)
+                     {
+                         QListWidgetItem* pFound = nullptr;
+                         for (int n = 0; n < list.count(); ++n)
+                         {
+                             QListWidgetItem* const pItem = list.item(n);
+                             bool const bHolds = pItem->text().contains(sText, Qt::CaseInsensitive);
+                             pItem->setHidden(!bHolds);
+                             if (bHolds && !pFound)
+                                 pFound = pItem;
+                         }
+                         list.setCurrentItem(pFound);
+                     });
+    pRows->addRow(pSearch);
+    pFirst = pSearch;
+}
+
 void FormDialog::AddList(FormControl& control)
 {
     auto* const pList = new QListWidget;
@@ -234,6 +260,8 @@ void FormDialog::AddList(FormControl& control)
     for (std::string const& sRow : control.aRows)
         pList->addItem(ToQt(sRow));
     pList->setCurrentRow(control.lValue);
+    if (control.bSearch)
+        AddSearch(*pList);
     QObject::connect(pList, &QListWidget::itemDoubleClicked, this, [this] { PressDefault(); });
     aReadBack.push_back([pList, &control] { control.lValue = pList->currentRow(); });
     AddRow(control, pList);

@@ -39,7 +39,9 @@ TEST(Accelerators, EachKeyStandsForItsCommand)
         {"enter", false, false, true, COMMAND_NEWLINE},  {"enter", false, true, false, COMMAND_NEWLINE},
         {"v", false, false, false, COMMAND_INSERTPOINT}, {"[", false, false, false, COMMAND_ARPEGGIOSTART},
         {"]", false, false, false, COMMAND_ARPEGGIOEND}, {"u", false, false, false, COMMAND_UPBOW},
-        {"d", false, false, false, COMMAND_DOWNBOW},     {"t", false, false, false, COMMAND_TIE}};
+        {"w", false, false, false, COMMAND_WORD},        {"H", true, false, false, COMMAND_HARMONY},
+        {"l", false, false, false, COMMAND_LYRICS},      {"d", false, false, false, COMMAND_DOWNBOW},
+        {"t", false, false, false, COMMAND_TIE}};
     for (auto const& c : aCase)
     {
         Event key;

@@ -14,7 +14,9 @@ struct ShellFiles : Shell
     void SetUp() override
     {
         Start();
+        AnswersNewTune();
         Command(COMMAND_NEW);
+        process.user.shown.clear();
         Write(1, "n0/48 n2/48");
         MiniAdjustScore();
         bScoreDirty = true;
@@ -160,6 +162,7 @@ TEST_F(ShellFiles, NewAsksAboutUnsavedMusic)
 
     Answers(Answer::YES);
     AnswersText(Path("a.zrn"));
+    AnswersNewTune();
     szFileName.clear();
     Command(COMMAND_NEW);
     EXPECT_EQ(Read(1), "clef:1 time:4/4");
@@ -171,22 +174,35 @@ TEST_F(ShellFiles, NewAsksAboutUnsavedMusic)
 TEST_F(ShellFiles, NewGivesUpUnsavedMusicOnNo)
 {
     Answers(Answer::NO);
+    AnswersNewTune("clef=2 key=8 time=1");
     Command(COMMAND_NEW);
-    EXPECT_EQ(Read(1), "clef:1 time:4/4");
+    EXPECT_EQ(Read(1), "clef:3 key:2 time:3/4");
+}
+
+TEST_F(ShellFiles, NewCancelledAtItsDialogLeavesTheMusic)
+{
+    std::string const sBefore = Read(1);
+    Answers(Answer::NO);
+    Command(COMMAND_NEW);
+    EXPECT_EQ(Messages().size(), 2u);
+    EXPECT_EQ(Read(1), sBefore);
 }
 
 TEST_F(ShellFiles, ACleanScoreIsReplacedAtOnce)
 {
     bScoreDirty = false;
+    AnswersNewTune();
     Command(COMMAND_NEW);
-    EXPECT_TRUE(process.user.shown.empty());
+    EXPECT_EQ(Messages().size(), 1u) << "nothing but the new tune's dialog";
     EXPECT_EQ(Read(1), "clef:1 time:4/4");
 }
 
 TEST_F(ShellFiles, AScoreFileOpensAtItsTop)
 {
     std::string const szFile = SavedScore("a.zrn");
+    AnswersNewTune();
     Command(COMMAND_NEW);
+    process.user.shown.clear();
     lScroll = 50;
     AnswersText(szFile);
     Command(COMMAND_OPEN);

@@ -68,6 +68,7 @@ TEST_F(StartUpTest, NewBeginsATune)
 {
     process.settings.values["First start done"] = 1;
     Answers(Answer::SECOND);
+    AnswersNewTune();
     ASSERT_TRUE(StartUp(""));
     Update();
     EXPECT_EQ(Title(), "");

@@ -124,6 +124,11 @@ struct Shell : testing::Test
     {
         process.user.answers.push_back({.kind = Answer::NUMBER, .lNumber = lNumber});
     }
+    /// The dialog of a new tune: its fields, "clef=2 key=7", or nothing for treble, C and 4/4.
+    void AnswersNewTune(std::string const& sFields = "")
+    {
+        process.user.answers.push_back({.kind = Answer::FORM, .sText = sFields.empty() ? "ok" : sFields + " ok"});
+    }
     void AnswersRow(int32_t lRow) { process.user.answers.push_back({.kind = Answer::ROW, .lNumber = lRow}); }
 
     [[nodiscard]] HeadlessWindow& Window() { return *process.user.pWindow; }
