@@ -65,7 +65,7 @@ class Screen:
         return done.stdout.rstrip("\n") if done.returncode == 0 else None
 
     def active_title(self):
-        return self.ask("getactivewindow", "getwindowname")
+        return (self.ask("getactivewindow", "getwindowname") or "").strip()
 
     def press(self, *keys):
         subprocess.run(["xdotool", "key", *keys], env=self.env, check=True)
