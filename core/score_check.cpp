@@ -101,10 +101,10 @@ void CheckCursors(Complaints& complaints)
     {
         char const* sName;
         Element const* pel;
-    } const aCursor[] = {{"the insert point", pelInsertPoint}, {"the mark's begin", pelMarkBegin},
-                         {"the mark's end", pelMarkEnd},       {"the highlight", pelHighlight},
-                         {"the pop-up", pelPopup},
-                         {"the undo place", pelUndoPlace},     {"the undo end", pelUndoEnd}};
+    } const aCursor[] = {
+        {"the insert point", pelInsertPoint}, {"the mark's begin", pelMarkBegin}, {"the mark's end", pelMarkEnd},
+        {"the highlight", pelHighlight},      {"the pop-up", pelPopup},           {"the undo place", pelUndoPlace},
+        {"the undo end", pelUndoEnd}};
     for (auto const& cursor : aCursor)
         if (cursor.pel && !complaints.homes.contains(cursor.pel))
             complaints.Add(Format("%s is on no staff", cursor.sName));

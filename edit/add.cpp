@@ -114,8 +114,7 @@ Element* AddAtMouse(HDC hdc, HWND hwnd, int32_t x, int32_t y)
     return pel && el.sort == TIE ? NextNote(Next(pel)) : pel;
 }
 
-/// A note of another length takes a chord note's length when it is that length without its dot or triplet.
-static void TakeDuration(Element& elNew, Element const* pelNote)
+void TakeChordDuration(Element& elNew, Element const* pelNote)
 {
     if (elNew.lDuration != pelNote->lDuration && elNew.lDuration == BaseDuration(pelNote->lDuration) &&
         elNew.lDiaPitch != pelNote->lDiaPitch)
@@ -136,7 +135,7 @@ static void JoinChordAhead(Element& elNew, Element* pelPrev)
 {
     if (!IsNoteAt(pelPrev, elNew))
         return;
-    TakeDuration(elNew, pelPrev);
+    TakeChordDuration(elNew, pelPrev);
     if (!MayJoin(elNew, pelPrev))
         return;
     pelPrev->lA |= fChordMore;
@@ -149,7 +148,7 @@ static Element* JoinChordBehind(Element& elNew, Element* pelPlace)
 {
     if (!IsNoteAt(pelPlace, elNew))
         return pelPlace;
-    TakeDuration(elNew, pelPlace);
+    TakeChordDuration(elNew, pelPlace);
     if (MayJoin(elNew, pelPlace))
     {
         pelPlace->lA |= fChordBefore;

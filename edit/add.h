@@ -14,6 +14,9 @@ Element* AddAtMouse(HDC hdc, HWND hwnd, int32_t x, int32_t y);
 /// one, or what stands ahead of that when the layout took it away. Null when a TIE has nothing to join.
 Element* AddElement(HDC hdc, HWND hwnd, Element* pelPlace, RoomyElement el);
 
+/// A note that joins a chord takes the length of the chord's note when its own is that one without dot or triplet.
+void TakeChordDuration(Element& elNew, Element const* pelNote);
+
 /// From pel up to the next CLEF, moves every element's lDiaPitch so that it keeps its place on the staff when the clef
 /// ahead changes from lOldClef to lNewClef. Pitches are left to the next RefreshPitches.
 void ShiftForClef(Element* pel, int32_t lOldClef, int32_t lNewClef);

@@ -17,9 +17,7 @@ static void RejoinChord(Element& el, Element* pelPrev)
 {
     if (!pelPrev || pelPrev->sort != NOTE || el.sort != NOTE || (el.lA & fChordBefore) == 0)
         return;
-    if (el.lDuration != pelPrev->lDuration && el.lDuration == BaseDuration(pelPrev->lDuration) &&
-        el.lDiaPitch != pelPrev->lDiaPitch)
-        el.lDuration = pelPrev->lDuration;
+    TakeChordDuration(el, pelPrev);
     pelPrev->lA |= fChordMore;
     el.up = pelPrev->up;
 }

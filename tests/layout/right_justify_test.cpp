@@ -86,8 +86,9 @@ TEST_F(RightJustified, TheColumnsStayAndAReGridPutsThePixelsBack)
 
 TEST_F(RightJustified, SomeOfTheLinesComeOutAsWithAllOfThem)
 {
-    std::string const sLines = "x:3 clef:1 x:10 n0/48 x:97 | x:100 nl x:153 clef:2 x:160 n0/48 x:200 | x:310 n0/48 x:390 :| "
-                               "x:400 nl x:455 n0/48 x:480 || x:620 n0/48 x:640 n2/48 x:760 n0/48";
+    std::string const sLines =
+        "x:3 clef:1 x:10 n0/48 x:97 | x:100 nl x:153 clef:2 x:160 n0/48 x:200 | x:310 n0/48 x:390 :| "
+        "x:400 nl x:455 n0/48 x:480 || x:620 n0/48 x:640 n2/48 x:760 n0/48";
     std::string const sWhole = Justified(sLines);
     ASSERT_EQ(sWhole, "30 147 1499 1510 30 294 1499 147 1480 1510 245 1490 735 1470 100");
     ReGrid();
