@@ -111,6 +111,8 @@ TEST_F(CommandLine, EverySampleReadsAdjustsWritesAndReadsBackTheSame)
     for (fs::directory_entry const& entry : fs::directory_iterator(ZARN_SAMPLES_DIR))
     {
         std::string const sSample = entry.path().string();
+        if (!sSample.ends_with(".abc") && !sSample.ends_with(".zrn"))
+            continue; // a listing that somebody's window left there
         // Header lines stand on the staff that is never laid out: reading gives them their height.
         ASSERT_EQ(Run("--adjust -o once.zrn '" + sSample + "'"), 0) << sErr;
         ASSERT_EQ(Run("-o twice.zrn once.zrn"), 0) << sErr;
