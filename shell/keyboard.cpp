@@ -22,6 +22,8 @@ namespace zarn
 static int32_t lKeyRun = 0;
 constexpr int32_t lRunBeforeSpeed = 7;
 
+void Keyboard_Begin() { lKeyRun = 0; }
+
 namespace
 {
 /// Where a key takes the pointer, and the height that snapping may not take it back over.

@@ -4,6 +4,8 @@
 
 namespace zarn
 {
+/// At the start of the program: no run of arrow keys is under way.
+void Keyboard_Begin();
 /// Handles a key that is in no accelerator table.
 void Keyboard_Down(Event const& key);
 /// A digit whose command is grey.

@@ -22,6 +22,8 @@ namespace zarn
 static bool fLeftDrag = false;
 static bool fRightDrag = false;
 
+void Mouse_Begin() { fLeftDrag = fRightDrag = false; }
+
 void Mouse_Moved(POINT place)
 {
     ShowModePointer(hwndMain);

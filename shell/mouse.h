@@ -4,6 +4,7 @@
 
 namespace zarn
 {
+void Mouse_Begin();            ///< At the start of the program: no button is down.
 void Mouse_Moved(POINT place); ///< client pixels, in all of them
 void Mouse_LeftDown(POINT place);
 void Mouse_LeftUp(POINT place);

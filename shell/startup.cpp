@@ -11,10 +11,12 @@
 #include "render/font.h"
 #include "render/geometry.h"
 #include "shell/files.h"
+#include "shell/keyboard.h"
 #include "shell/load.h"
 #include "shell/main_window.h"
 #include "shell/menu.h"
 #include "shell/modes.h"
+#include "shell/mouse.h"
 #include "shell/options.h"
 #include "shell/page_commands.h"
 #include "shell/panels_shown.h"
@@ -48,6 +50,8 @@ static bool MakeMainWindow()
     RECT const client = GetClientRect(hwndMain);
     MainWindow_Resized({client.right, client.bottom});
     Modes_Show();
+    Keyboard_Begin();
+    Mouse_Begin();
     return true;
 }
 

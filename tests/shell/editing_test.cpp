@@ -218,7 +218,7 @@ TEST_F(Editing, LeftOfTheEdgeLiesTheEndOfTheLineAbove)
     Press("esc");
     PointAt(150, 4);
     Press("left");
-    EXPECT_EQ(Pointer(), "147,4");
+    EXPECT_EQ(Pointer(), "148,4");
 }
 
 TEST_F(Editing, HomeAndEndGoAlongTheLine)
