@@ -1,7 +1,7 @@
 /// The cheapest way for a hand to play a stretch of notes.
 ///
-/// A search through all the ways of playing each chord, priced by the weights of weights.h on the instrument of tuning.h.
-/// The result stands in the notes: lString, lFret and lFinger. Main thread.
+/// A search through all the ways of playing each chord, priced by the weights of weights.h on the instrument of
+/// tuning.h. The result stands in the notes: lString, lFret and lFinger. Main thread.
 #pragma once
 #include "core/score.h"
 

@@ -1,7 +1,7 @@
 /// The fretted instrument that tablature is made for: its strings and how they are tuned.
 ///
-/// One instrument at a time, not stored in a score. Strings are numbered from the treble: string 1 is the highest in the
-/// default tuning and stands at index 0; in masks string s is bit s-1. Main thread.
+/// One instrument at a time, not stored in a score. Strings are numbered from the treble: string 1 is the highest in
+/// the default tuning and stands at index 0; in masks string s is bit s-1. Main thread.
 #pragma once
 #include <array>
 #include <cstdint>
@@ -25,7 +25,8 @@ void Tab_GetTuning(int32_t* plStrings, int32_t* plTopPitch, StringIntervals* pIn
 /// strings or none are remarked upon and taken; a negative number is refused and nothing changes.
 void Tab_SetTuning(int32_t lNewStrings, int32_t lTopPitch, StringIntervals const& intervals);
 
-/// At start: six strings, then what the settings hold; fills the prices of bars (see weights.h) with their initial values.
+/// At start: six strings, then what the settings hold; fills the prices of bars (see weights.h) with their initial
+/// values.
 void Tab_LoadTuning();
 
 /// The MIDI note of a fret on a string from 1 to 9.
