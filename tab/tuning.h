@@ -18,6 +18,9 @@ inline int32_t lMaxStretch = 175;
 
 using StringIntervals = std::array<int32_t, lMostStrings>; ///< semitones down from each string to the next
 
+/// The strings that have a place in the tuning: lStrings, no more than nine.
+[[nodiscard]] int32_t Tab_UsedStrings();
+
 /// The number of strings, the MIDI note of string 1, and the steps between the strings that there are; 0 behind them.
 void Tab_GetTuning(int32_t* plStrings, int32_t* plTopPitch, StringIntervals* pIntervals);
 
@@ -29,6 +32,6 @@ void Tab_SetTuning(int32_t lNewStrings, int32_t lTopPitch, StringIntervals const
 /// values.
 void Tab_LoadTuning();
 
-/// The MIDI note of a fret on a string from 1 to 9.
+/// The MIDI note of a fret on a string from 1 to 9; outside them that of the nearest string.
 [[nodiscard]] int32_t Tab_OpenPitch(int32_t lString, int32_t lFret);
 } // namespace zarn

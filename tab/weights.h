@@ -32,13 +32,14 @@ struct FingeringWeight
     char const* szName;        ///< of the setting
     char const* szOlderName;   ///< read when there is no szName; null when there is none
     char const* szPromptLabel; ///< the prompt's label, under which an answer is stored
+    char const* szMenuText;    ///< "%d" stands for the value
     int32_t lCommand;          ///< the command that asks for it
     int32_t* plValue;
     int32_t lInitial;
     int32_t lFallback; ///< what the prompt shows when nothing is stored under its label
 };
 
-/// All but the bars, in the order of the menu.
+/// All but the bars, in the order of the menu. The hand's span stands among them.
 [[nodiscard]] std::span<FingeringWeight const> Fingering_Weights();
 
 /// The nine bars that have a price, in the order of the menu; their prompts fall back on the value in force.
@@ -46,4 +47,8 @@ struct FingeringWeight
 
 /// aBarCost as it is before any setting.
 void BarCosts_SetInitial();
+
+/// At start, behind Tab_LoadTuning: each weight becomes its stored value, or its initial one. Calls pStored with each
+/// weight that has a stored value.
+void Fingering_LoadWeights(void (*pStored)(FingeringWeight const& weight));
 } // namespace zarn

@@ -4,6 +4,8 @@
 #include "core/messages.h"
 #include "core/score.h"
 #include "render/geometry.h"
+#include "tab/tuning.h"
+#include "tab/weights.h"
 
 #include <algorithm>
 #include <iterator>
@@ -52,6 +54,13 @@ static void ResetGeometry()
     bPrinting = bPrintScale = bNoClip = bDrawingCursor = false;
 }
 
+/// With no settings stored, the guitar and the weights that the program comes with.
+static void ResetInstrument()
+{
+    Tab_LoadTuning();
+    Fingering_LoadWeights([](FingeringWeight const&) {});
+}
+
 ScriptedProcess::ScriptedProcess() : previous(host)
 {
     host = {.pUser = &user, .pSettings = &settings, .pDoor = nullptr};
@@ -59,6 +68,7 @@ ScriptedProcess::ScriptedProcess() : previous(host)
     Serious_Rearm();
     ResetScore();
     ResetGeometry();
+    ResetInstrument();
     Score_CreateLists();
 }
 
