@@ -50,6 +50,8 @@ void GlobalFree(HGLOBAL hMemory)
 
 void OutputDebugStringA(std::string_view sText) { sLastDebugString = sText; }
 
+void DebugBreak() { OutputDebugStringA("DebugBreak\n"); }
+
 #if defined(ASAN_POISON_MEMORY_REGION)
 void Memory_Forbid(void const* pBytes, size_t cb) { ASAN_POISON_MEMORY_REGION(pBytes, cb); }
 void Memory_Allow(void const* pBytes, size_t cb) { ASAN_UNPOISON_MEMORY_REGION(pBytes, cb); }

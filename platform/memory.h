@@ -23,6 +23,8 @@ void GlobalFree(HGLOBAL hMemory);
 /// One line to whoever debugs the program; kept in sLastDebugString for the tests.
 void OutputDebugStringA(std::string_view sText);
 inline std::string sLastDebugString;
+/// Where a debugger would stop: one line on its channel, and on.
+void DebugBreak();
 
 /// How many more calls succeed before one fails; -1 never fails. Tests only, main thread.
 inline int32_t lGlobalAllocsLeft = -1;
