@@ -1,14 +1,19 @@
-// The search by its plain rules: every chord keeps a List of records, each with the cheapest path that ends with it.
+// The search for the cheapest way of playing a stretch, chord by chord, and its three grains: staffs, a bar, a chord.
+//
+// Nothing is stored in a note before the search has come to its end, so a search that is called off leaves no trace.
+//
+// A step inside an arpeggio would have to leave what rings alone. No step is one: all notes of a section are one chord,
+// so the chord behind it begins outside.
 #include "tab/fingering.h"
 
 #include "core/messages.h"
-#include "core/text.h"
 #include "midi/refresh_pitches.h"
+#include "platform/process.h"
 #include "platform/user.h"
 #include "render/geometry.h"
 #include "tab/chord_notes.h"
-#include "tab/fingers_cost.h"
-#include "tab/fingers_place.h"
+#include "tab/fingering_paths.h"
+#include "tab/fingering_watch.h"
 
 #include <algorithm>
 
@@ -16,171 +21,179 @@ namespace zarn
 {
 namespace
 {
-constexpr int32_t lBestStart = 999999; ///< a path that costs as much is no better than none
-constexpr int32_t cbFingers = static_cast<int32_t>(sizeof(Fingers));
-
-/// A chord on the way.
+/// A chord of the stretch.
 struct Chord
 {
     ChordPlace first;
     ChordPlace last;
-    bool bHoldsStop = false;
-    std::vector<int32_t> aPitches = {};
+    bool bHoldsEnd = false; ///< the stretch ends in it
+    bool bTooManyPitches = false;
+    PitchSet pitches = {};
 };
 
-Chord GatherChord(ChordPlace first, Element const* pelStop)
+/// True when the element lies behind pelFrom, up to pelTo.
+bool LiesBetween(Element const* pelFrom, Element const* pelTo, Element const* pelSought)
 {
-    Chord chord{.first = first, .last = first};
-    bool bFull = false;
+    while (pelFrom != pelTo)
+    {
+        pelFrom = Next(pelFrom);
+        if (pelFrom == pelSought)
+            return true;
+    }
+    return false;
+}
+
+Chord GatherChord(ChordPlace first, Element const* pelEnd)
+{
+    Chord chord{.first = first, .last = first, .bHoldsEnd = first.pel == pelEnd};
     for (ChordPlace place = first; place.pel; place = Tab_NextChordNote(place))
     {
-        for (Element const* pel = chord.last.pel; pel != place.pel; pel = Next(pel))
-            chord.bHoldsStop |= pel == pelStop;
-        chord.bHoldsStop |= place.pel == pelStop;
+        chord.bHoldsEnd = chord.bHoldsEnd || LiesBetween(chord.last.pel, place.pel, pelEnd);
         chord.last = place;
-        if (bFull || std::ranges::find(chord.aPitches, place.pel->lPitch) != chord.aPitches.end())
+        std::span<int32_t const> const aSoFar = chord.pitches.Pitches();
+        if (chord.bTooManyPitches || std::ranges::find(aSoFar, place.pel->lPitch) != aSoFar.end())
             continue;
-        bFull = std::ssize(chord.aPitches) >= Tab_UsedStrings();
-        if (bFull)
-            Serious("You have a chord with more notes in it than there are strings!");
-        else
-            chord.aPitches.push_back(place.pel->lPitch);
+        chord.bTooManyPitches = chord.pitches.cPitches >= Tab_UsedStrings();
+        if (!chord.bTooManyPitches)
+            chord.pitches.aPitch[static_cast<size_t>(chord.pitches.cPitches++)] = place.pel->lPitch;
     }
     return chord;
 }
 
-bool BuildPrimary(Chord const& chord)
+/// The chord behind; its first.pel is null at the end of the stretch.
+ChordPlace NextChord(Chord const& chord, Element const* pelEnd)
 {
-    Element* const pel = chord.first.pel;
-    pel->listFingers = List_Create();
-    if (chord.aPitches.empty())
-    {
-        Serious("No notes in chord??");
-        return false;
-    }
-    for (Fingers const& f : PrimeFingerings(chord.aPitches))
-        List_AddLast(pel->listFingers, &f, cbFingers);
-    return !List_IsEmpty(pel->listFingers);
+    return chord.bHoldsEnd ? ChordPlace{} : Tab_NextNote(chord.last, pelEnd);
 }
 
-/// The first note of the next chord.
-ChordPlace BuildPrimeFingerings(ChordPlace place, Element const* pelStop, bool& bFailed, bool bVerbose)
+int32_t CountChords(ChordPlace place, Element const* pelEnd)
 {
-    bFailed = false;
-    if (place.pel->sort != NOTE)
-    {
-        Serious("BuildPrimeFingerings called for non-note!");
-        bFailed = true;
-        return {};
-    }
-    Chord const chord = GatherChord(place, pelStop);
-    if (!BuildPrimary(chord))
-    {
-        bFailed = true;
-        if (bVerbose)
-            Serious("No fingerings possible.");
-        return {};
-    }
-    return chord.bHoldsStop ? ChordPlace{} : Tab_NextNote(chord.last, pelStop);
+    int32_t c = 0;
+    for (; place.pel; place = NextChord(GatherChord(place, pelEnd), pelEnd))
+        ++c;
+    return c;
 }
 
-/// Drops a record, and its ancestors that nobody else leads to.
-void Fingers_Purge(pf p)
+/// Asks the watch whether to go on, once a search takes its time.
+class Patience
 {
-    while (p)
-    {
-        pf const pPrev = p->pfPrev;
-        List_Delete(p);
-        if (pPrev && --pPrev->lRefCount < 0)
-            Serious("Bug! Negative RefCount in Fingers::Purge");
-        p = pPrev && pPrev->lRefCount < 1 ? pPrev : nullptr;
-    }
-}
+public:
+    Patience(ChordPlace first, Element const* pelEnd) : first(first), pelEnd(pelEnd) {}
 
-void Fingers_Link(Element* pelPrev, Element* pel)
-{
-    pf pfBest = nullptr;
-    for (pf b = List_FirstAs<Fingers>(pel->listFingers); b; b = List_NextAs(b))
+    bool GoOn(int32_t lDone)
     {
-        int32_t lBest = lBestStart;
-        for (pf a = List_FirstAs<Fingers>(pelPrev->listFingers); a; a = List_NextAs(a))
-            if (int32_t const lCost = Fingers_Transition(*a, *b); lCost < lBest)
+        constexpr uint32_t lWaitMs = 1000;
+        constexpr uint32_t lPauseMs = 100;
+        if (!pFingeringWatch)
+            return true;
+        uint32_t const lMs = GetTickCount() - lStartMs;
+        if (lMs < lWaitMs || lMs - lToldMs < lPauseMs)
+            return true;
+        lToldMs = lMs;
+        if (lTotal == 0)
+            lTotal = CountChords(first, pelEnd);
+        return pFingeringWatch(lDone, lTotal);
+    }
+
+private:
+    ChordPlace first;
+    Element const* pelEnd;
+    uint32_t lStartMs = GetTickCount();
+    uint32_t lToldMs = 0;
+    int32_t lTotal = 0;
+};
+
+enum class Outcome
+{
+    WHOLE,
+    BROKEN_OFF, ///< at a chord that can't be played
+    CALLED_OFF
+};
+
+/// The way from the first chord to the last, or as far as it goes.
+class Search
+{
+public:
+    Search(bool bVerbose, bool bPrices) : bVerbose(bVerbose), paths(bPrices) {}
+
+    Outcome Run(ChordPlace first, Element const* pelEnd)
+    {
+        Patience patience(first, pelEnd);
+        int32_t lDone = 0;
+        for (ChordPlace place = first; place.pel;)
+        {
+            Chord const chord = GatherChord(place, pelEnd);
+            pelLatest = place.pel;
+            if (!Add(chord))
+                return Outcome::BROKEN_OFF;
+            if (!patience.GoOn(++lDone))
+                return Outcome::CALLED_OFF;
+            place = NextChord(chord, pelEnd);
+        }
+        return Outcome::WHOLE;
+    }
+
+    [[nodiscard]] Element* Latest() const { return pelLatest; }
+
+    std::vector<ChosenWay> Chosen(Outcome outcome)
+    {
+        if (outcome == Outcome::WHOLE)
+            return paths.Cheapest();
+        return pLatest ? paths.FirstAlive() : std::vector<ChosenWay>{};
+    }
+
+private:
+    /// False when there is no way of playing it.
+    bool Add(Chord const& chord)
+    {
+        if (chord.bTooManyPitches)
+            Serious("You have a chord with more notes in it than there are strings!");
+        if (chord.pitches.cPitches == 0)
+            Serious("No notes in chord??");
+        std::shared_ptr<ChordWays> const pWays = store.Get(chord.pitches);
+        if (pWays->Count() == 0)
+        {
+            if (bVerbose)
             {
-                lBest = lCost;
-                pfBest = a;
+                Serious("No fingerings possible.");
+                Serious("No way to finger the entire piece!");
             }
-        if (!pfBest)
-            pfBest = List_FirstAs<Fingers>(pelPrev->listFingers);
-        b->pfPrev = pfBest;
-        b->lCost = lBest;
-        ++pfBest->lRefCount;
-    }
-    for (pf a = List_FirstAs<Fingers>(pelPrev->listFingers); a;)
-    {
-        pf const pNext = List_NextAs(a);
-        if (a->lRefCount == 0)
-            Fingers_Purge(a);
-        a = pNext;
-    }
-}
-
-/// Ahead of each record go copies of it with fingers that stay down from the chord before: every choice of those that
-/// the record doesn't use itself.
-void Fingers_CarryHeld(List list)
-{
-    for (pf b = List_FirstAs<Fingers>(list); b; b = List_NextAs(b))
-    {
-        std::vector<size_t> aFree;
-        for (size_t i = 0; i < b->aFinger.size(); ++i)
-            if (b->pfPrev->aFinger[i].bMask != 0 && b->aFinger[i].bMask == 0)
-                aFree.push_back(i);
-        for (uint32_t lSubset = 1; lSubset < 1u << aFree.size(); ++lSubset)
-        {
-            Fingers held = *b;
-            ++held.pfPrev->lRefCount;
-            for (size_t n = 0; n < aFree.size(); ++n)
-                if (lSubset >> n & 1)
-                    held.aFinger[aFree[n]] = b->pfPrev->aFinger[aFree[n]];
-            List_AddBefore(list, b, &held, cbFingers);
+            return false;
         }
-    }
-}
-
-void Fingers_KeepBest(Element* pel, bool bVerbose)
-{
-    if (!pel->listFingers)
-    {
-        Serious("!!No fingering list found!!");
-        return;
-    }
-    if (List_IsEmpty(pel->listFingers))
-    {
-        if (bVerbose)
-            Serious("No way to finger the entire piece!");
-        return;
-    }
-    int32_t lBest = lBestStart;
-    pf pfBest = nullptr;
-    for (pf p = List_FirstAs<Fingers>(pel->listFingers); p; p = List_NextAs(p))
-        if (p->lCost < lBest)
+        if (pLatest)
         {
-            lBest = p->lCost;
-            pfBest = p;
+            std::span<Arrival const> const aArrivals = linker.Link(*pLatest, aList, *pWays);
+            paths.Add(pWays, aArrivals, aList);
+            linker.ListHeld(*pWays, aList, aNextList);
+            aList.swap(aNextList);
         }
-    for (pf p = List_FirstAs<Fingers>(pel->listFingers); p;)
-    {
-        pf const pNext = List_NextAs(p);
-        if (p != pfBest)
-            Fingers_Purge(p);
-        p = pNext;
+        else
+        {
+            paths.Begin(pWays);
+            aList = FirstList(*pWays);
+        }
+        pLatest = pWays;
+        return true;
     }
-}
 
-void StoreNote(Element* pel, Fingers const& f)
+    bool bVerbose;
+    StepPrices prices;
+    FingerStates states;
+    ChordWaysStore store{prices, states};
+    ChordLinker linker{prices, states};
+    FingeringPaths paths;
+    std::shared_ptr<ChordWays> pLatest;
+    std::vector<HeldWay> aList;
+    std::vector<HeldWay> aNextList;
+    Element* pelLatest = nullptr;
+};
+
+/// A later string overwrites an earlier match; a note without one keeps what it had.
+void StoreNote(Element* pel, ChosenWay const& chosen)
 {
     for (int32_t i = 0; i < Tab_UsedStrings(); ++i)
     {
-        FingersString const& string = f.aString[static_cast<size_t>(i)];
+        FingersString const string = chosen.aString[static_cast<size_t>(i)];
         if (Tab_OpenPitch(i + 1, string.bFret) != pel->lPitch)
             continue;
         pel->lString = i + 1;
@@ -189,79 +202,56 @@ void StoreNote(Element* pel, Fingers const& f)
     }
 }
 
-ChordFingering Told(Element* pel, Fingers const& f)
+void StoreChords(ChordPlace place, Element const* pelEnd, std::span<ChosenWay const> aChosen,
+                 std::vector<ChordFingering>* pSteps)
 {
-    int32_t const lOwn = Fingers_OwnCost(f);
-    int32_t const lBefore = f.pfPrev ? f.pfPrev->lCost : 0;
-    int32_t const lStep = f.pfPrev ? Clamp32(int64_t{f.lCost} - lOwn - lBefore) : 0;
-    return {.pelFirst = pel, .lOwnCost = lOwn, .lStepCost = lStep, .lTotalCost = f.lCost};
-}
-
-/// One chord of the back-trace: its notes take over its first record. True when the stretch ends in it.
-bool StoreChord(ChordPlace first, Element const* pelLast, ChordPlace& last, std::vector<ChordFingering>* pSteps)
-{
-    Chord const chord = GatherChord(first, pelLast);
-    last = chord.last;
-    List& list = first.pel->listFingers;
-    if (!list)
+    for (ChosenWay const& chosen : aChosen)
     {
-        Serious("Bug!  This is how!! Tell Odrian.");
-        return chord.bHoldsStop;
-    }
-    if (pf const p = List_FirstAs<Fingers>(list))
-    {
-        for (ChordPlace place = first; place.pel; place = Tab_NextChordNote(place))
-            StoreNote(place.pel, *p);
         if (pSteps)
-            pSteps->push_back(Told(first.pel, *p));
+            pSteps->push_back({place.pel, chosen.lOwnCost, chosen.lStepCost, chosen.lTotalCost});
+        Chord const chord = GatherChord(place, pelEnd);
+        for (; place.pel; place = Tab_NextChordNote(place))
+            StoreNote(place.pel, chosen);
+        place = NextChord(chord, pelEnd);
     }
-    return chord.bHoldsStop;
+}
+struct Fingered
+{
+    Outcome outcome = Outcome::WHOLE;
+    Element* pelFailed = nullptr;
+};
+
+Fingered FingerStretch(Element* pelFirst, Element* pelLast, bool bVerbose, std::vector<ChordFingering>* pSteps)
+{
+    if (!pelFirst)
+    {
+        Serious("Bug!  Duff call to Tab_DoFingering.");
+        return {};
+    }
+    if (pelFirst->sort != NOTE)
+    {
+        Serious("BuildPrimeFingerings called for non-note!");
+        Serious("!!No fingering list found!!");
+        pelFirst->fOverBar = fUnplayable;
+        return {Outcome::BROKEN_OFF, pelFirst};
+    }
+    SetWaitCursor(hwndMain, true);
+    ChordPlace const first = {pelFirst, Tab_InArpeggio(pelFirst)};
+    Search search(bVerbose, pSteps != nullptr);
+    Outcome const outcome = search.Run(first, pelLast);
+    Element* const pelFailed = outcome == Outcome::BROKEN_OFF ? search.Latest() : nullptr;
+    if (pelFailed)
+        pelFailed->fOverBar = fUnplayable;
+    if (outcome != Outcome::CALLED_OFF)
+        StoreChords(first, pelLast, search.Chosen(outcome), pSteps);
+    SetWaitCursor(hwndMain, false);
+    return {outcome, pelFailed};
 }
 } // namespace
 
 Element* Tab_DoFingering(Element* pelFirst, Element* pelLast, bool bVerbose, std::vector<ChordFingering>* pSteps)
 {
-    if (!pelFirst)
-    {
-        Serious("Bug!  Duff call to Tab_DoFingering.");
-        return nullptr;
-    }
-    SetWaitCursor(hwndMain, true);
-    bool bFailed = false;
-    ChordPlace const first = {pelFirst, Tab_InArpeggio(pelFirst)};
-    Element* pelPrev = nullptr;
-    ChordPlace current = first;
-    std::vector<Element*> aLists;
-    for (;;)
-    {
-        ChordPlace const next = BuildPrimeFingerings(current, pelLast, bFailed, bVerbose);
-        aLists.push_back(current.pel);
-        if (bFailed)
-            current.pel->fOverBar = fUnplayable;
-        if (next.pel)
-            next.pel->pelPrevNote = current.pel;
-        if (pelPrev && !bFailed)
-        {
-            Fingers_Link(pelPrev, current.pel);
-            Fingers_CarryHeld(current.pel->listFingers);
-        }
-        if (!next.pel || bFailed)
-            break;
-        pelPrev = current.pel;
-        current = next;
-    }
-    if (bFailed)
-        pelLast = current.pel;
-    Fingers_KeepBest(current.pel, bVerbose);
-    ChordPlace last;
-    for (ChordPlace place = first; place.pel; place = Tab_NextNote(last, pelLast))
-        if (place.pel->sort != NOTE || StoreChord(place, pelLast, last, pSteps))
-            break;
-    for (Element* pel : aLists)
-        if (pel->listFingers)
-            List_Destroy(&pel->listFingers);
-    SetWaitCursor(hwndMain, false);
-    return bFailed ? current.pel : nullptr;
+    return FingerStretch(pelFirst, pelLast, bVerbose, pSteps).pelFailed;
 }
 
 void Tab_FingerStaffs()
@@ -270,10 +260,8 @@ void Tab_FingerStaffs()
     for (int32_t lStaff = 1; lStaff <= lHighestStaff; ++lStaff)
     {
         Element* const pelFirst = IsVisible(lStaff) ? NextNote(StaffFirst(lStaff)) : nullptr;
-        if (!pelFirst)
-            continue;
-        if (Element* const pelFailed = Tab_DoFingering(pelFirst, StaffLast(lStaff), true))
-            pelFailed->fOverBar = fUnplayable;
+        if (pelFirst && FingerStretch(pelFirst, StaffLast(lStaff), true, nullptr).outcome == Outcome::CALLED_OFF)
+            return;
     }
 }
 
@@ -282,10 +270,8 @@ void RefreshBarFingering(Element* pel)
     if (!bTabShowing || !pel)
         return;
     RefreshPitches(lHighestStaff);
-    Element* const pelStart = NextNoteInBar(pel);
-    if (!pelStart)
-        return;
-    Tab_DoFingering(pelStart, LastInBar(pelStart), true);
+    if (Element* const pelStart = NextNoteInBar(pel))
+        Tab_DoFingering(pelStart, LastInBar(pelStart), true);
 }
 
 void Tab_FingerChord(Element* pelNote)
@@ -293,7 +279,6 @@ void Tab_FingerChord(Element* pelNote)
     Element* const pelFirst = ChordFirst(pelNote);
     Element* const pelLast = ChordLast(pelNote);
     // A chord that has lost its last note ends with the notes that it has: the first one's chain tells them.
-    if (Element* const pelFailed = Tab_DoFingering(pelFirst, pelLast ? pelLast : pelFirst, false))
-        pelFailed->fOverBar = fUnplayable;
+    Tab_DoFingering(pelFirst, pelLast ? pelLast : pelFirst, false);
 }
 } // namespace zarn

@@ -49,15 +49,6 @@ int32_t Fingers_Sounded(Fingers const& f)
     return c;
 }
 
-int32_t Fingers_SoundedMask(Fingers const& f)
-{
-    int32_t lMask = 0;
-    for (int32_t i = 0; i < Tab_UsedStrings(); ++i)
-        if (f.aString[static_cast<size_t>(i)].bFret != bNoFret)
-            lMask |= 1 << i;
-    return lMask;
-}
-
 int32_t Fingers_TopString(Fingers const& f)
 {
     for (int32_t i = 0; i < Tab_UsedStrings(); ++i)
@@ -71,21 +62,6 @@ int32_t Fingers_TopPitch(Fingers const& f)
 {
     int32_t const i = Fingers_TopString(f);
     return i < 0 ? -1 : Tab_OpenPitch(i + 1, f.aString[static_cast<size_t>(i)].bFret);
-}
-
-int32_t Fingers_HandPosition(Fingers const& f)
-{
-    int32_t c = 0;
-    int32_t lSum = 0;
-    for (int32_t i = 0; i < lFingers; ++i)
-    {
-        uint8_t const bFret = f.aFinger[static_cast<size_t>(i)].bFret;
-        if (bFret == bNoFret)
-            continue;
-        ++c;
-        lSum += bFret - i;
-    }
-    return c == 0 ? lNoHand : lSum * (lPositionsToFret / c);
 }
 
 bool Fingers_IsUnnatural(Fingers const& f)
@@ -138,34 +114,5 @@ bool Fingers_PairOK(int32_t lFingerA, FingersFinger a, int32_t lFingerB, Fingers
     int32_t const lDistance = FretPos(a.bFret) - FretPos(b.bFret);
     int32_t const lLimit = lWidth >= 2 ? BarLimit(a.bMask, lFingerB) : aFingerSpan[lFingerA][lFingerB];
     return MulDiv(lLimit, lMaxStretch, lFullStretch) >= lDistance;
-}
-
-bool Fingers_AllPairsOK(Fingers const& f)
-{
-    for (int32_t a = 1; a < lFingers; ++a)
-        for (int32_t b = a + 1; b <= lFingers; ++b)
-            if (!Fingers_PairOK(a, f.aFinger[static_cast<size_t>(a - 1)], b, f.aFinger[static_cast<size_t>(b - 1)]))
-                return false;
-    return true;
-}
-
-bool Fingers_IsComplete(Fingers const& f)
-{
-    uint8_t bCovered = 0; // a ninth string has no bit here, so nothing on nine strings is ever complete
-    for (FingersFinger const& finger : f.aFinger)
-        bCovered |= finger.bMask;
-    for (int32_t i = 0; i < Tab_UsedStrings(); ++i)
-        if (uint8_t const bFret = f.aString[static_cast<size_t>(i)].bFret; bFret == 0 || bFret == bNoFret)
-            bCovered = static_cast<uint8_t>(bCovered | 1 << i);
-    if (bCovered != (1 << Tab_UsedStrings()) - 1)
-        return false;
-    for (int32_t i = 0; i < Tab_UsedStrings(); ++i)
-    {
-        FingersString const& string = f.aString[static_cast<size_t>(i)];
-        if (string.bFinger != 0 && string.bFret != bNoFret &&
-            f.aFinger[static_cast<size_t>(string.bFinger - 1)].bFret != string.bFret)
-            return false;
-    }
-    return true;
 }
 } // namespace zarn

@@ -36,14 +36,9 @@ struct FingersFinger
     friend bool operator==(FingersFinger const&, FingersFinger const&) = default;
 };
 
-struct Fingers;
-using pf = Fingers*; ///< a way of playing, as an item of its chord's List
-
 struct Fingers
 {
-    int32_t lCost = 0;     ///< its own price; once linked, the price of the cheapest path that ends here
-    int32_t lRefCount = 0; ///< records of the next chord that name this one as pfPrev
-    pf pfPrev = nullptr;   ///< the record before it on that path, which it holds alive; null at the first chord
+    int32_t lCost = 0; ///< its own price
     std::array<FingersString, lMostStrings> aString = {};
     std::array<FingersFinger, lFingers> aFinger = {};
 };
@@ -57,14 +52,11 @@ constexpr std::array<int32_t, lFrets + 1> aFretPos = {1000, 944, 891, 841, 794, 
 /// two treble strings together.
 [[nodiscard]] int32_t BarWidth(int32_t lMask);
 
-[[nodiscard]] int32_t Fingers_Sounded(Fingers const& f);     ///< strings that sound
-[[nodiscard]] int32_t Fingers_SoundedMask(Fingers const& f); ///< the strings that sound
+[[nodiscard]] int32_t Fingers_Sounded(Fingers const& f); ///< strings that sound
 /// Of the first string that sounds: its pitch, and its index. -1 when none does.
 [[nodiscard]] int32_t Fingers_TopPitch(Fingers const& f);
 [[nodiscard]] int32_t Fingers_TopString(Fingers const& f);
 
-/// Where the index finger would be if the fingers lay one to a fret, in twelfths of a fret; lNoHand without fingers.
-[[nodiscard]] int32_t Fingers_HandPosition(Fingers const& f);
 /// A string nearer the bass sounds higher than one nearer the treble.
 [[nodiscard]] bool Fingers_IsUnnatural(Fingers const& f);
 
@@ -72,7 +64,4 @@ constexpr std::array<int32_t, lFrets + 1> aFretPos = {1000, 944, 891, 841, 794, 
 [[nodiscard]] bool Fingers_StretchOK(Fingers const& f);
 /// Two fingers, numbered from 1, in either order: they can lie like that at once.
 [[nodiscard]] bool Fingers_PairOK(int32_t lFingerA, FingersFinger a, int32_t lFingerB, FingersFinger b);
-[[nodiscard]] bool Fingers_AllPairsOK(Fingers const& f);
-/// Every string is open, silent or held by a finger at its fret.
-[[nodiscard]] bool Fingers_IsComplete(Fingers const& f);
 } // namespace zarn

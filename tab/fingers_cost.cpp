@@ -4,6 +4,7 @@
 #include "core/text.h"
 #include "tab/weights.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace zarn
@@ -15,40 +16,10 @@ constexpr int32_t lTenths = 10; ///< weights that are scaled count in tenths
 /// What fingers in use cost, by the set of them, finger 1 at bit 0.
 constexpr int32_t aFingerUseCost[1 << lFingers] = {0, 10, 11, 24, 12, 25, 26, 44, 15, 28, 29, 47, 30, 48, 50, 66};
 
+/// The hand lies between finger 4 at the first fret and finger 1 at the highest one.
+constexpr int32_t lFurthestMove = (lHighestFret - 1 + lFingers - 1) * lPositionsToFret;
+
 int64_t BarCost(int32_t lMask) { return lMask < lPricedMasks ? aBarCost[static_cast<size_t>(lMask)] : 0; }
-
-/// What one finger does between two chords.
-int32_t FingerChange(FingersFinger a, FingersFinger b)
-{
-    int32_t const lWidthA = BarWidth(a.bMask);
-    int32_t const lWidthB = BarWidth(b.bMask);
-    if (a.bMask == b.bMask)
-    {
-        if (a.bMask == 0 || a.bFret == b.bFret)
-            return 0;
-        return lWidthA > 1 ? lMoveBarlock : lMoveFinger;
-    }
-    if (lWidthA == 0)
-        return lWidthB > 1 ? lAddBarlock : lAddFinger;
-    if (lWidthB == 0)
-        return lWidthA > 1 ? lRemoveBarlock : lRemoveFinger;
-    return lWidthA > 1 || lWidthB > 1 ? lMoveBarlock : lMoveFinger;
-}
-
-/// The hand's position before b: a's, or the one found at most three records before it; and over how many steps.
-int32_t HandBefore(Fingers const& a, int32_t& lSteps)
-{
-    constexpr int32_t lTooFar = 4;
-    lSteps = 1;
-    int32_t lPosition = Fingers_HandPosition(a);
-    for (pf p = a.pfPrev; lPosition == lNoHand && p; p = p->pfPrev)
-    {
-        lPosition = Fingers_HandPosition(*p);
-        if (lPosition == lNoHand && ++lSteps == lTooFar)
-            break;
-    }
-    return lPosition;
-}
 } // namespace
 
 int32_t Fingers_OwnCost(Fingers const& f)
@@ -77,27 +48,49 @@ int32_t Fingers_OwnCost(Fingers const& f)
     return Clamp32(lCost);
 }
 
-int32_t Fingers_Transition(Fingers const& a, Fingers const& b)
+FingerUse Finger_Use(FingersFinger finger)
 {
-    int64_t lTotal = a.lCost;
-    for (size_t i = 0; i < a.aFinger.size(); ++i)
-        lTotal += int64_t{FingerChange(a.aFinger[i], b.aFinger[i])} * lFingerMovement / lTenths;
+    int32_t const lWidth = BarWidth(finger.bMask);
+    return lWidth == 0 ? IDLE : lWidth == 1 ? ON_ONE_STRING : BARRING;
+}
 
-    int32_t lSteps = 1;
-    int32_t const lPosA = HandBefore(a, lSteps);
-    int32_t const lPosB = Fingers_HandPosition(b);
-    int32_t const lMove = lPosA == lNoHand || lPosB == lNoHand ? 0 : std::abs(lPosB - lPosA) / lSteps;
+MelodyNote Fingers_MelodyNote(Fingers const& f)
+{
+    return Fingers_Sounded(f) == 1 ? MelodyNote{Fingers_TopPitch(f), Fingers_TopString(f)} : MelodyNote{};
+}
 
-    if (Fingers_Sounded(a) == 1 && Fingers_Sounded(b) == 1)
-    {
-        bool const bRose = Fingers_TopPitch(a) < Fingers_TopPitch(b);
-        bool const bTrebleward = Fingers_TopString(b) < Fingers_TopString(a);
-        if (bRose != bTrebleward)
-            lTotal += lUnnaturalTransitions;
-    }
-    if (lPosB > 0)
-        lTotal += int64_t{lWristPosition} * lPosB / lTenths;
-    lTotal += int64_t{lMove} * lWristMovement / lTenths;
-    return Clamp32(lTotal + b.lCost);
+StepPrices::StepPrices()
+{
+    int32_t const aaWeight[lFingerUses][lFingerUses] = {{0, lAddFinger, lAddBarlock},
+                                                        {lRemoveFinger, lMoveFinger, lMoveBarlock},
+                                                        {lRemoveBarlock, lMoveBarlock, lMoveBarlock}};
+    int64_t lFurthestChange = 0;
+    for (size_t before = 0; before < lFingerUses; ++before)
+        for (size_t after = 0; after < lFingerUses; ++after)
+        {
+            aaChange[before][after] = int64_t{aaWeight[before][after]} * lFingerMovement / lTenths;
+            lFurthestChange = std::max(lFurthestChange, std::abs(aaChange[before][after]));
+        }
+    lFurthest =
+        lFingers * lFurthestChange + std::abs(Move(lFurthestMove, 1)) + std::abs(int64_t{lUnnaturalTransitions});
+}
+
+int64_t StepPrices::Move(int32_t lDistance, int32_t lSteps) const
+{
+    return int64_t{lDistance / lSteps} * lWristMovement / lTenths;
+}
+
+int64_t StepPrices::Direction(MelodyNote before, MelodyNote after) const
+{
+    if (before.inxString < 0 || after.inxString < 0)
+        return 0;
+    bool const bRose = before.lPitch < after.lPitch;
+    bool const bTrebleward = after.inxString < before.inxString;
+    return bRose != bTrebleward ? lUnnaturalTransitions : 0;
+}
+
+int64_t StepPrices::Position(int32_t lPosition) const
+{
+    return lPosition > 0 ? int64_t{lWristPosition} * lPosition / lTenths : 0;
 }
 } // namespace zarn

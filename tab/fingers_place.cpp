@@ -1,170 +1,173 @@
-// Strings for the pitches, then fingers for the strings, both depth-first, each level on a copy of the one above.
+// Strings for the pitches, then fingers for the strings, both depth-first.
+//
+// For finger 1 every bar is tried, for the others single strings. Each finger takes the lowest fret that nobody holds
+// yet, so that what is left tells at once whether the fingers left over can hold it; and two fingers that can't lie
+// together now won't later. Such branches are cut, which changes nothing of what is found, nor its order.
 #include "tab/fingers_place.h"
 
 #include "tab/fingers_cost.h"
 
 #include <algorithm>
+#include <bit>
 
 namespace zarn
 {
 namespace
 {
-constexpr int32_t lNoStringYet = -1;
-constexpr int32_t lAnyFret = -1; ///< the fret of an idle finger: the next one may go below any
-
-/// The strings that a finger is tried on, from 1; 0 is the idle turn that ends them.
-struct Span
+/// One choice of strings, while fingers are laid on them.
+class Laying
 {
-    int32_t lo = lNoStringYet;
-    int32_t hi = lNoStringYet;
-};
-
-int32_t UsedMask(Fingers const& f)
-{
-    int32_t lMask = 0;
-    for (FingersFinger const& finger : f.aFinger)
-        lMask |= finger.bMask;
-    return lMask;
-}
-
-FingersString const& StringOf(Fingers const& f, int32_t lString) { return f.aString[static_cast<size_t>(lString - 1)]; }
-
-/// The lowest stopped fret that no finger holds yet; 255 when there is none.
-int32_t LowestOpen(Fingers const& f, int32_t lUsed)
-{
-    int32_t lLow = bNoFret;
-    for (int32_t s = 1; s <= Tab_UsedStrings(); ++s)
-        if (StringOf(f, s).bFret != 0 && !(lUsed >> (s - 1) & 1))
-            lLow = std::min<int32_t>(lLow, StringOf(f, s).bFret);
-    return lLow;
-}
-
-void Advance(Span& span, int32_t lFinger)
-{
-    int32_t const lLast = Tab_UsedStrings();
-    if (span.lo == lNoStringYet)
-        span.lo = span.hi = 1;
-    else if (span.hi == lLast && span.lo == lLast)
-        span.lo = span.hi = 0;
-    else if (span.hi == lLast)
-        span.lo = span.hi = span.lo + 1;
-    else if (lFinger == 1 && (span.lo == 1 || span.hi <= span.lo))
-        ++span.hi;
-    else
-        span.lo = span.hi = span.lo + 1;
-}
-
-/// The next place for a finger; false when there is no more. Gives its fret, lAnyFret for the idle turn.
-bool Fingers_NextPlacement(Fingers const& f, int32_t lFinger, int32_t lLowestFret, Span& span, int32_t& lFret)
-{
-    int32_t const lUsed = UsedMask(f);
-    int32_t const lLow = LowestOpen(f, lUsed);
-    if (lLow == bNoFret && span.lo != 0)
-        span.lo = span.hi = Tab_UsedStrings(); // nothing to do: only the idle turn
-    while (span.lo != 0)
+public:
+    Laying(Fingers const& chosen, std::vector<Fingers>& aFound) : aFound(aFound), f(chosen)
     {
-        Advance(span, lFinger);
-        if (span.lo == 0)
+        for (int32_t s = 0; s < Tab_UsedStrings(); ++s)
+            if (Fret(s) != 0 && Fret(s) != bNoFret)
+                lStopped |= 1 << s;
+    }
+
+    void Lay()
+    {
+        if (lStopped == 0)
+            Add();
+        else
+            LayFirst();
+    }
+
+private:
+    [[nodiscard]] uint8_t Fret(int32_t s) const { return f.aString[static_cast<size_t>(s)].bFret; }
+
+    /// The lowest fret of some stopped strings.
+    [[nodiscard]] int32_t Lowest(int32_t lStrings) const
+    {
+        int32_t lLow = bNoFret;
+        for (; lStrings; lStrings &= lStrings - 1)
+            lLow = std::min<int32_t>(lLow, Fret(std::countr_zero(static_cast<uint32_t>(lStrings))));
+        return lLow;
+    }
+
+    /// Finger 1: bars of any width from string 1, elsewhere of two strings, and single strings; idle last.
+    void LayFirst()
+    {
+        int32_t const lLow = Lowest(lStopped);
+        int32_t const lEnd = Tab_UsedStrings();
+        for (int32_t lo = 0; lo < lEnd; ++lo)
+            for (int32_t hi = lo; hi < (lo == 0 ? lEnd : std::min(lo + 2, lEnd)); ++hi)
+                if (CanBar(lo, hi, lLow))
+                {
+                    BarStrings(lo, hi, lLow);
+                    LayNext(1, lStopped & ~f.aFinger[0].bMask);
+                    Lift(0);
+                }
+        LayNext(1, lStopped);
+    }
+
+    [[nodiscard]] bool CanBar(int32_t lo, int32_t hi, int32_t lLow) const
+    {
+        int32_t lSpanLow = bNoFret;
+        for (int32_t s = lo; s <= hi; ++s)
+            lSpanLow = std::min<int32_t>(lSpanLow, Fret(s));
+        // A short bar has no string on its treble side that is stopped lower or open.
+        return lSpanLow == lLow && !(hi > lo && lo > 0 && Fret(lo - 1) < lLow);
+    }
+
+    /// A string of the span that is stopped higher stays out: the bar lies under it.
+    void BarStrings(int32_t lo, int32_t hi, int32_t lLow)
+    {
+        int32_t lMask = 0;
+        for (int32_t s = lo; s <= hi; ++s)
+            if (Fret(s) == lLow || Fret(s) == bNoFret)
+                lMask |= 1 << s;
+        Hold(0, lMask, lLow);
+    }
+
+    /// Finger i from index 1 and those behind it, for the stopped strings that nobody holds yet.
+    void LayNext(size_t i, int32_t lLeft)
+    {
+        if (lLeft == 0)
         {
-            lFret = lAnyFret;
-            return true;
+            Add();
+            return;
         }
-        int32_t m = bNoFret;
-        for (int32_t s = span.lo; s <= span.hi; ++s)
-            m = std::min<int32_t>(m, StringOf(f, s).bFret);
-        if (m == bNoFret || m == 0 || m < lLowestFret || m != lLow)
-            continue;
-        if (span.hi > span.lo && span.lo >= 2 && StringOf(f, span.lo - 1).bFret < m)
-            continue; // a short bar has no string on its treble side that is stopped lower
-        bool bNew = false;
-        for (int32_t s = span.lo; s <= span.hi; ++s)
-            bNew |= StringOf(f, s).bFret == m && !(lUsed >> (s - 1) & 1);
-        if (!bNew)
-            continue;
-        lFret = m;
+        if (std::popcount(static_cast<uint32_t>(lLeft)) > lFingers - static_cast<int32_t>(i))
+            return;
+        int32_t const lLow = Lowest(lLeft);
+        for (int32_t lRest = lLeft; lRest; lRest &= lRest - 1)
+        {
+            int32_t const s = std::countr_zero(static_cast<uint32_t>(lRest));
+            if (Fret(s) != lLow)
+                continue;
+            Hold(i, 1 << s, lLow);
+            if (GoesWithThoseBelow(i))
+                LayNext(i + 1, lLeft & ~(1 << s));
+            Lift(i);
+        }
+        LayNext(i + 1, lLeft);
+    }
+
+    [[nodiscard]] bool GoesWithThoseBelow(size_t i) const
+    {
+        for (size_t j = 0; j < i; ++j)
+            if (!Fingers_PairOK(static_cast<int32_t>(j) + 1, f.aFinger[j], static_cast<int32_t>(i) + 1, f.aFinger[i]))
+                return false;
         return true;
     }
-    lFret = 0;
-    return false;
-}
 
-void Fingers_Place(Fingers& f, int32_t lFinger, Span span, int32_t lFret)
+    void Hold(size_t i, int32_t lMask, int32_t lFret)
+    {
+        f.aFinger[i] = {static_cast<uint8_t>(lMask), static_cast<uint8_t>(lFret)};
+        for (; lMask; lMask &= lMask - 1)
+            f.aString[static_cast<size_t>(std::countr_zero(static_cast<uint32_t>(lMask)))].bFinger =
+                static_cast<uint8_t>(i + 1);
+    }
+
+    void Lift(size_t i)
+    {
+        for (int32_t lMask = f.aFinger[i].bMask; lMask; lMask &= lMask - 1)
+            f.aString[static_cast<size_t>(std::countr_zero(static_cast<uint32_t>(lMask)))].bFinger = 0;
+        f.aFinger[i] = {};
+    }
+
+    void Add()
+    {
+        aFound.push_back(f);
+        aFound.back().lCost = Fingers_OwnCost(f);
+    }
+
+    std::vector<Fingers>& aFound;
+    Fingers f;
+    int32_t lStopped = 0;
+};
+
+void ChooseStrings(Fingers& f, std::span<int32_t const> aPitches, std::vector<Fingers>& aFound)
 {
-    if (span.lo == 0)
+    if (aPitches.empty())
+    {
+        Laying(f, aFound).Lay();
         return;
-    FingersFinger& finger = f.aFinger[static_cast<size_t>(lFinger - 1)];
-    finger.bFret = static_cast<uint8_t>(lFret);
-    finger.bMask = 0;
-    for (int32_t s = span.lo; s <= span.hi; ++s)
-    {
-        FingersString& string = f.aString[static_cast<size_t>(s - 1)];
-        if (string.bFret > lFret && string.bFret != bNoFret)
-            continue; // stopped higher: the bar lies under it, and another finger has to stop it
-        finger.bMask = static_cast<uint8_t>(finger.bMask | 1 << (s - 1));
-        string.bFinger = static_cast<uint8_t>(lFinger);
-        if (string.bFret != bNoFret)
-            string.bFret = static_cast<uint8_t>(lFret);
     }
-}
-
-void Fingers_Add(std::vector<Fingers>& aList, Fingers const& f)
-{
-    aList.push_back(f);
-    aList.back().lCost = Fingers_OwnCost(f);
-}
-
-void AssignFrom(std::vector<Fingers>& aList, Fingers const& f, int32_t lFinger, int32_t lLowestFret)
-{
-    Span span;
-    int32_t lFret = 0;
-    while (Fingers_NextPlacement(f, lFinger, lLowestFret, span, lFret))
+    for (int32_t s = 0; s < Tab_UsedStrings(); ++s)
     {
-        Fingers placed = f;
-        Fingers_Place(placed, lFinger, span, lFret);
-        if (!Fingers_IsComplete(placed))
-        {
-            if (lFinger < lFingers)
-                AssignFrom(aList, placed, lFinger + 1, lFret);
-        }
-        else if (lFinger == 1 || Fingers_AllPairsOK(placed))
-            Fingers_Add(aList, placed);
-    }
-}
-
-/// All strings of f are set, no finger is.
-void Fingers_AssignAndAdd(std::vector<Fingers>& aList, Fingers const& f)
-{
-    if (Fingers_IsComplete(f))
-        Fingers_Add(aList, f); // open strings need no hand
-    else
-        AssignFrom(aList, f, 1, 0);
-}
-
-void ChooseStrings(std::vector<Fingers>& aList, Fingers const& f, std::span<int32_t const> aPitches)
-{
-    for (int32_t i = 0; i < Tab_UsedStrings(); ++i)
-    {
-        auto const inx = static_cast<size_t>(i);
+        auto const inx = static_cast<size_t>(s);
         int64_t const lFret = int64_t{aPitches[0]} - aOpenPitch[inx];
         if (f.aString[inx].bFret != bNoFret || lFret < 0)
             continue;
-        Fingers chosen = f;
-        chosen.aString[inx].bFret = static_cast<uint8_t>(lFret);
-        if (!Fingers_StretchOK(chosen))
-            continue;
-        if (aPitches.size() == 1)
-            Fingers_AssignAndAdd(aList, chosen);
-        else
-            ChooseStrings(aList, chosen, aPitches.subspan(1));
+        f.aString[inx].bFret = static_cast<uint8_t>(lFret);
+        if (Fingers_StretchOK(f))
+            ChooseStrings(f, aPitches.subspan(1), aFound);
+        f.aString[inx].bFret = bNoFret;
     }
 }
 } // namespace
 
 std::vector<Fingers> PrimeFingerings(std::span<int32_t const> aPitches)
 {
-    std::vector<Fingers> aList;
-    if (!aPitches.empty())
-        ChooseStrings(aList, Fingers{}, aPitches.first(std::min(aPitches.size(), cMostPitches)));
-    return aList;
+    std::vector<Fingers> aFound;
+    constexpr int32_t lMaskedStrings = 8; // a ninth string has no bit in a finger's mask: no hand ever covers it
+    if (!aPitches.empty() && Tab_UsedStrings() <= lMaskedStrings)
+    {
+        Fingers f;
+        ChooseStrings(f, aPitches.first(std::min(aPitches.size(), cMostPitches)), aFound);
+    }
+    return aFound;
 }
 } // namespace zarn

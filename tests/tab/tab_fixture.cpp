@@ -20,14 +20,14 @@ static Element* Append(Element const& el)
     return StaffLast(1);
 }
 
-Element* AddChord(std::initializer_list<int32_t> aPitches)
+Element* AddChord(std::vector<int32_t> const& aPitches)
 {
     Element* pelFirst = nullptr;
     for (size_t i = 0; i < aPitches.size(); ++i)
     {
         Element el;
         el.sort = NOTE;
-        el.lPitch = aPitches.begin()[i];
+        el.lPitch = aPitches[i];
         el.lDuration = 48;
         el.lA = (i + 1 < aPitches.size() ? fChordMore : 0) | (i > 0 ? fChordBefore : 0);
         Element* const pel = Append(el);

@@ -9,6 +9,7 @@
 
 #include <initializer_list>
 #include <string>
+#include <vector>
 
 namespace zarn::test
 {
@@ -22,7 +23,7 @@ protected:
 void Tune(std::initializer_list<int32_t> aPitches);
 
 /// Appends a chord of MIDI notes to staff 1; gives its first note.
-Element* AddChord(std::initializer_list<int32_t> aPitches);
+Element* AddChord(std::vector<int32_t> const& aPitches);
 Element* AddSign(int32_t sort); ///< Appends any other symbol to staff 1.
 
 /// "string/fret/finger" of every note of staff 1, parted by blanks; the notes of a chord by "+".
