@@ -236,10 +236,16 @@ public:
 Panel* Palette_Create(HWND hwndParent)
 {
     static PaletteContent content;
-    Panel* const pPanel = CreatePanel(hwndParent, {.sName = "Note palette",
-                                                   .pContent = &content,
-                                                   .click = EventKind::PALETTE,
-                                                   .lCloseCommand = COMMAND_PALETTECLOSED});
+    constexpr char const* szClass = "palette";
+    if (!RegisterClassA(szClass, {.sName = "Note palette",
+                                  .pContent = &content,
+                                  .click = EventKind::PALETTE,
+                                  .lCloseCommand = COMMAND_PALETTECLOSED}))
+    {
+        OutputDebugStringA("Palette didn't register\n");
+        return nullptr;
+    }
+    Panel* const pPanel = CreatePanel(hwndParent, szClass);
     if (!pPanel)
         OutputDebugStringA("Palette creation failed\n");
     return pPanel;

@@ -57,11 +57,17 @@ std::string PianoContent::TipAt(Panel& panel, POINT place)
 Panel* Piano_Create(HWND hwndParent)
 {
     static PianoContent content;
-    Panel* const pPanel = CreatePanel(hwndParent, {.sName = "Piano keyboard",
-                                                   .pContent = &content,
-                                                   .click = EventKind::PIANO,
-                                                   .lCloseCommand = COMMAND_PIANOCLOSED,
-                                                   .pointer = PanelPointer::UPARROW});
+    constexpr char const* szClass = "piano";
+    if (!RegisterClassA(szClass, {.sName = "Piano keyboard",
+                                  .pContent = &content,
+                                  .click = EventKind::PIANO,
+                                  .lCloseCommand = COMMAND_PIANOCLOSED,
+                                  .pointer = PanelPointer::UPARROW}))
+    {
+        OutputDebugStringA("Piano didn't register\n");
+        return nullptr;
+    }
+    Panel* const pPanel = CreatePanel(hwndParent, szClass);
     if (!pPanel)
         OutputDebugStringA("Piano creation failed\n");
     return pPanel;

@@ -58,5 +58,7 @@ class Door
 public:
     virtual ~Door() = default;
     virtual void Receive(Event const& event) = 0;
+    /// A key that stands for a command, whichever window has the keys.
+    [[nodiscard]] virtual bool IsAccelerator(Event const&) const { return false; }
 };
 } // namespace zarn

@@ -18,6 +18,7 @@ public:
     virtual int32_t RunForm(Form& form) = 0;
     virtual int32_t PopupMenu(std::vector<MenuItem> const& aMenu, POINT place) = 0;
     virtual HWND CreateMainWindow(std::string_view sTitle, Painter* pPainter) = 0;
+    [[nodiscard]] virtual bool HasPanels() const = 0;        ///< false: it knows no such windows
     virtual Panel* CreatePanel(PanelSetup const& setup) = 0; ///< of the main window; null when there is none
     virtual bool ShowHelp(std::string_view sFile) = 0;
     virtual bool AskOpenName(FileDialog& dialog) = 0;

@@ -14,6 +14,7 @@ public:
     }
 
     void Receive(Event const& event) override;
+    [[nodiscard]] bool IsAccelerator(Event const& key) const override { return program.IsAccelerator(key); }
 
     int32_t MessageBox(std::string_view sText, std::string_view sCaption, uint32_t lFlags) override;
     int32_t RunForm(Form& form) override;
@@ -24,6 +25,7 @@ public:
     {
         return real.CreateMainWindow(sTitle, pPainter);
     }
+    [[nodiscard]] bool HasPanels() const override { return real.HasPanels(); }
     Panel* CreatePanel(PanelSetup const& setup) override { return real.CreatePanel(setup); }
     bool ShowHelp(std::string_view sFile) override { return real.ShowHelp(sFile); }
     bool StartEditor(std::string_view sPath) override { return real.StartEditor(sPath); }

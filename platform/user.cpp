@@ -5,6 +5,9 @@
 #include "platform/host.h"
 #include "platform/process.h"
 
+#include <functional>
+#include <map>
+
 namespace zarn
 {
 FormControl* Form::Find(int32_t lControl)
@@ -22,14 +25,28 @@ int32_t MessageBoxA(HWND, std::string_view sText, std::string_view sCaption, uin
 
 int32_t DialogBoxParamA(HWND, Form& form) { return host.pUser ? host.pUser->RunForm(form) : 0; }
 
+static int32_t lShowCount = 0; ///< ShowCursor's
+
 HWND CreateWindowExA(std::string_view sTitle, Painter* pPainter)
 {
+    lShowCount = 0;
     return host.pUser ? host.pUser->CreateMainWindow(sTitle, pPainter) : nullptr;
 }
 
-Panel* CreatePanel(HWND hwndParent, PanelSetup const& setup)
+static std::map<std::string, PanelSetup, std::less<>> panelClasses; ///< by their names
+
+bool RegisterClassA(std::string_view szClass, PanelSetup const& setup)
 {
-    return hwndParent && host.pUser ? host.pUser->CreatePanel(setup) : nullptr;
+    if (!host.pUser || !host.pUser->HasPanels())
+        return false;
+    panelClasses.insert_or_assign(std::string(szClass), setup);
+    return true;
+}
+
+Panel* CreatePanel(HWND hwndParent, std::string_view szClass)
+{
+    auto const found = panelClasses.find(szClass);
+    return hwndParent && host.pUser && found != panelClasses.end() ? host.pUser->CreatePanel(found->second) : nullptr;
 }
 
 void DestroyWindow(HWND hwnd)
@@ -76,10 +93,16 @@ void ReleaseDC(HWND hwnd, HDC hdc)
         hwnd->EndDraw(hdc);
 }
 
-void SetScrollInfo(HWND hwnd, int32_t lRange, int32_t lPlace)
+void SetScrollRange(HWND hwnd, int32_t lMost)
 {
     if (hwnd)
-        hwnd->SetScroll(lRange, lPlace);
+        hwnd->SetScrollRange(lMost);
+}
+
+void SetScrollPos(HWND hwnd, int32_t lPlace)
+{
+    if (hwnd)
+        hwnd->SetScrollPlace(lPlace);
 }
 
 void SetCursorPos(HWND hwnd, POINT place)
@@ -108,6 +131,14 @@ void SetCursor(HWND hwnd, PointerShape shape)
 {
     if (hwnd)
         hwnd->ShowPointer(shape);
+}
+
+int32_t ShowCursor(HWND hwnd, bool bShow)
+{
+    lShowCount += bShow ? 1 : -1;
+    if (hwnd)
+        hwnd->HidePointer(lShowCount < 0);
+    return lShowCount;
 }
 
 int32_t TrackPopupMenu(HWND hwnd, std::vector<MenuItem> const& aMenu, POINT place)

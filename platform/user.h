@@ -93,7 +93,8 @@ public:
     virtual void Update() = 0;     ///< pays it now
     virtual HDC BeginDraw() = 0;   ///< the window's surface between paints; hand it back with EndDraw
     virtual void EndDraw(HDC hdc) = 0;
-    virtual void SetScroll(int32_t lRange, int32_t lPlace) = 0; ///< vertical, from 0 to lRange
+    virtual void SetScrollRange(int32_t lMost) = 0;  ///< vertical, from 0 to lMost
+    virtual void SetScrollPlace(int32_t lPlace) = 0; ///< held in the range
     virtual void SetPointer(POINT place) = 0;
     virtual POINT Pointer() = 0;
     virtual void SetWaitPointer(bool bOn) = 0;
@@ -102,6 +103,7 @@ public:
     virtual HDC BeginCursor() = 0;
     virtual void EndCursor(HDC hdc, POINT hotSpot) = 0; ///< shows it
     virtual void ShowPointer(PointerShape shape) = 0;
+    virtual void HidePointer(bool bHidden) = 0;         ///< over this window; its shape is kept
     virtual void SetStatus(std::string_view sText) = 0; ///< the status bar's
     virtual void SetMenu(std::vector<MenuItem> const& aMenu) = 0;
     virtual void CheckItem(int32_t lCommand, bool bOn) = 0;
@@ -167,8 +169,10 @@ int32_t MessageBoxA(HWND hwnd, std::string_view sText, std::string_view sCaption
 [[nodiscard]] int32_t DialogBoxParamA(HWND hwnd, Form& form);
 /// The main window, shown maximised; null when there can be none.
 [[nodiscard]] HWND CreateWindowExA(std::string_view sTitle, Painter* pPainter);
-/// A panel of the main window; later ones lie in front of earlier ones. Null when there can be none.
-[[nodiscard]] Panel* CreatePanel(HWND hwndParent, PanelSetup const& setup);
+/// Makes a kind of panel known under a name, in place of one of that name; false when the host has no panels to give.
+[[nodiscard]] bool RegisterClassA(std::string_view szClass, PanelSetup const& setup);
+/// A panel of that kind in the main window; later ones lie in front of earlier ones. Null when there can be none.
+[[nodiscard]] Panel* CreatePanel(HWND hwndParent, std::string_view szClass);
 void DestroyWindow(HWND hwnd);
 void SetWindowTextA(HWND hwnd, std::string_view sText);
 [[nodiscard]] RECT GetClientRect(HWND hwnd);
@@ -178,7 +182,8 @@ void UpdateWindow(HWND hwnd);
 void PostMessageA(HWND hwnd, void (*pAction)());
 [[nodiscard]] HDC GetDC(HWND hwnd);
 void ReleaseDC(HWND hwnd, HDC hdc);
-void SetScrollInfo(HWND hwnd, int32_t lRange, int32_t lPlace); ///< vertical bar, 0 to lRange, standing at lPlace
+void SetScrollRange(HWND hwnd, int32_t lMost); ///< of the vertical bar: 0 to lMost
+void SetScrollPos(HWND hwnd, int32_t lPlace);  ///< where it stands, held in its range
 void SetCursorPos(HWND hwnd, POINT place);
 [[nodiscard]] POINT GetCursorPos(HWND hwnd);
 void SetWaitCursor(HWND hwnd, bool bOn);
@@ -186,6 +191,8 @@ void SetWaitCursor(HWND hwnd, bool bOn);
 [[nodiscard]] HDC BeginCursor(HWND hwnd);
 void CreateCursor(HWND hwnd, HDC hdc, POINT hotSpot);
 void SetCursor(HWND hwnd, PointerShape shape);
+/// Counts one up or down from 0, where the main window began, and gives the count. Below 0 the pointer is hidden.
+int32_t ShowCursor(HWND hwnd, bool bShow);
 /// Opens the menu at a place in client pixels; the command that was chosen, 0 for none.
 [[nodiscard]] int32_t TrackPopupMenu(HWND hwnd, std::vector<MenuItem> const& aMenu, POINT place);
 void SetStatusText(HWND hwnd, std::string_view sText);

@@ -43,7 +43,7 @@ bool DrawScore(HDC hdc, HWND hwnd, int32_t lFromStrX, int32_t lToStrX)
         lMostScroll = std::max(lMostScroll, lScrollRows);
     }
     if (hwnd)
-        SetScrollInfo(hwnd, lMostScroll < lNoColumn ? lMostScroll + 1 : lMostScroll, lScroll);
+        SetScrollRange(hwnd, lMostScroll < lNoColumn ? lMostScroll + 1 : lMostScroll);
     return bMore;
 }
 

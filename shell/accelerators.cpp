@@ -71,6 +71,8 @@ constexpr Accelerator aAccelerators[] = {
     {"+", false, true, COMMAND_STRETCHVERT},
     {"-", false, true, COMMAND_SQUEEZEVERT},
     {"f1", false, false, COMMAND_HELP},
+    {"9", false, false, 183}, // these two do nothing: no command has these numbers
+    {"tab", false, false, 154},
 };
 
 constexpr char const sPlainSigns[] = "`-=[]\\;',./";
@@ -100,5 +102,19 @@ int32_t Accelerator_Command(Event const& key)
         if (sName == row.sKey && key.fCtrl == row.bCtrl && key.fAlt == row.bAlt)
             return row.lCommand;
     return 0;
+}
+
+std::string Accelerator_KeyText(int32_t lCommand)
+{
+    for (Accelerator const& row : aAccelerators)
+    {
+        if (row.lCommand != lCommand)
+            continue;
+        std::string sKey = row.sKey;
+        if (sKey[0] >= 'a' && sKey[0] <= 'z')
+            sKey[0] = static_cast<char>(sKey[0] - 'a' + 'A');
+        return (row.bCtrl ? "Ctrl+" : "") + std::string(row.bAlt ? "Alt+" : "") + sKey;
+    }
+    return {};
 }
 } // namespace zarn

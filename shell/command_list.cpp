@@ -2,6 +2,7 @@
 #include "shell/command_list.h"
 
 #include "core/messages.h"
+#include "shell/accelerators.h"
 #include "shell/commands.h"
 #include "shell/menu.h"
 
@@ -25,21 +26,28 @@ static std::string PlainLabel(std::string_view sLabel)
     return sPlain;
 }
 
+/// As the menu tells it, or, where it doesn't, as the table of keys does.
+static std::string KeyText(MenuItem const& item)
+{
+    std::string_view const sLabel = item.sLabel;
+    size_t const nTab = sLabel.find('\t');
+    return nTab != std::string_view::npos ? std::string(sLabel.substr(nTab + 1)) : Accelerator_KeyText(item.lCommand);
+}
+
 static void Flatten(std::vector<MenuItem> const& aItems, std::string const& sPath, std::vector<CommandLine>& aLines)
 {
     for (MenuItem const& item : aItems)
     {
         if (!item.sLabel)
             continue;
-        std::string_view const sLabel = item.sLabel;
-        std::string sText = sPath + PlainLabel(sLabel);
+        std::string sText = sPath + PlainLabel(item.sLabel);
         if (item.lCommand == 0)
         {
             Flatten(item.aItems, sText + ": ", aLines);
             continue;
         }
-        if (size_t const nTab = sLabel.find('\t'); nTab != std::string_view::npos)
-            sText += "  (" + std::string(sLabel.substr(nTab + 1)) + ")";
+        if (std::string const sKey = KeyText(item); !sKey.empty())
+            sText += "  (" + sKey + ")";
         aLines.push_back({item.lCommand, std::move(sText)});
     }
 }

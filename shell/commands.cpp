@@ -151,6 +151,8 @@ constexpr CommandRow aCommands[] = {
     {COMMAND_REMOVENEWLINES, RemoveNewlinesCommand},
     {COMMAND_KEYBOARDMODE, EnterKeyboardMode},
     {COMMAND_MOUSEMODE, [] { EnterMouseMode(hwndMain); }},
+    {COMMAND_HIDEPOINTER, HidePointerCommand},
+    {COMMAND_SHOWPOINTER, ShowPointerCommand},
     {COMMAND_STRETCHHORIZ, StretchHorizCommand},
     {COMMAND_SQUEEZEHORIZ, SqueezeHorizCommand},
     {COMMAND_STRETCHVERT, StretchVertCommand},

@@ -25,13 +25,15 @@ static void RunUnlessGrey(int32_t lCommand)
 static void Key(Event const& key)
 {
     int32_t const lCommand = Accelerator_Command(key);
-    if (lCommand == 0)
+    if (!Command_Exists(lCommand))
         Keyboard_Down(key);
     else if (!Menu_IsGrey(lCommand))
         Command_Run(lCommand);
     else if (key.sText.size() == 1 && key.sText[0] >= '1' && key.sText[0] <= '7')
         Keyboard_Refuse();
 }
+
+bool ShellDoor::IsAccelerator(Event const& key) const { return Accelerator_Command(key) != 0; }
 
 void ShellDoor::Receive(Event const& event)
 {

@@ -10,5 +10,6 @@ class ShellDoor : public Door
 {
 public:
     void Receive(Event const& event) override;
+    [[nodiscard]] bool IsAccelerator(Event const& key) const override;
 };
 } // namespace zarn

@@ -1,4 +1,4 @@
-// Help, the few words about the program, and the trace.
+// Help, the few words about the program, and what helps to find a fault.
 #include "shell/help.h"
 
 #include "core/messages.h"
@@ -30,6 +30,12 @@ void BriefInfoCommand()
                   "%s",
                   ZARN_VERSION, sVersionDate));
 }
+
+static void CountPointer(bool bShow) { Inform(Format("Show count = %d", ShowCursor(hwndMain, bShow))); }
+
+void HidePointerCommand() { CountPointer(false); }
+
+void ShowPointerCommand() { CountPointer(true); }
 
 void DumpCommand() { Score_Dump("Score Dump (as requested)\r\n"); }
 

@@ -62,12 +62,12 @@ static POINT GoLeft(POINT place)
         lKeyRun = 0;
     if (place.x >= 0)
         return place;
-    // Over the left edge lies the end of the line before.
+    // Over the left edge lies the end of the line before, where there is one.
     int32_t lStrX = 0;
     int32_t lDiaPitch = 0;
     int32_t lStaff = 0;
     Draw_Straighten(place.x, place.y, &lStrX, &lDiaPitch, &lStaff, 1);
-    Draw_Fold(Wrap_Sub(lStrX, 2), lDiaPitch, lStaff, 1, &place.x, &place.y);
+    Draw_Fold(std::max(Wrap_Sub(lStrX, 2), 0), lDiaPitch, lStaff, 1, &place.x, &place.y);
     return place;
 }
 
@@ -143,6 +143,8 @@ void Keyboard_Refuse()
 
 void Keyboard_Down(Event const& key)
 {
+    if (key.fAlt) // the system's own
+        return;
     std::string const& sKey = key.sText;
     POINT place = GetCursorPos(hwndMain);
     if (key.fShift && sKey.size() == 1 && sKey[0] >= '1' && sKey[0] <= '7')
@@ -171,7 +173,7 @@ void Keyboard_Down(Event const& key)
         else if (sKey == "right")
             move.place = GoRight(place);
         else if (sKey == "home")
-            move.place.x = 0;
+            move.place.x = lLeftMarginPx; // what lies to the left of it is the end of the line before
         else if (sKey == "end")
             move.place = GoToLineEnd(place);
         else if (sKey == "up")

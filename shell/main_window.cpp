@@ -9,6 +9,7 @@
 #include "render/font.h"
 #include "render/geometry.h"
 #include "render/ruled_lines.h"
+#include "render/symbol_cursor.h"
 #include "shell/modes.h"
 #include "shell/page_commands.h"
 #include "shell/panels_shown.h"
@@ -23,6 +24,11 @@ void ScorePainter::Paint(HWND hwnd, HDC hdc)
 {
     if (bPrinting || !hwndMain) // the units are the paper's, or the score has gone
         return;
+    if (fMouseMode)
+    {
+        MakeSymbolCursor(hwnd);
+        ShowModePointer(hwnd);
+    }
     SIZE const size = hwnd->ClientSize();
     FillRect(hdc, {0, 0, size.cx, size.cy}, GetStockObject(WHITE_BRUSH));
     SelectObject(hdc, GetStockObject(BLACK_BRUSH));
@@ -33,6 +39,7 @@ void ScorePainter::Paint(HWND hwnd, HDC hdc)
 void MainWindow_Created()
 {
     LoadPageSettings();
+    ShowCursor(hwndMain, true); // the window has the keys
     SetCursorPos(hwndMain, pointerAtStart);
 }
 
@@ -53,12 +60,16 @@ void ScrollBy(HWND hwnd, int32_t lDelta, bool fBySystem, bool fLeavePointer)
         ScrollPages(lDelta);
     else
         ScrollLines(lDelta);
+    int32_t const lChange = lScroll - lBefore;
+    // The bar is told the change and not the place: it stands near its top however far down the view is. A thumb that
+    // is dragged begins there, and users know it so.
+    SetScrollPos(hwnd, lChange);
     MiniAdjust();
     InvalidateRect(hwnd);
     if (fLeavePointer)
         return;
     POINT place = GetCursorPos(hwnd);
-    place.y = Clamp32(place.y - (int64_t{lScroll} - lBefore) * yunit);
+    place.y = Clamp32(place.y - int64_t{lChange} * yunit);
     SetCursorPos(hwnd, fMouseMode ? place : SnapToGrid(place));
 }
 
@@ -80,6 +91,7 @@ void MainWindow_Scrolled(ScrollAction action, int32_t lPlace)
         break;
     case ScrollAction::THUMB:
         lScroll = std::max(lPlace, 0);
+        SetScrollPos(hwndMain, lScroll);
         MiniAdjust();
         InvalidateRect(hwndMain);
         break;

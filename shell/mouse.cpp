@@ -27,14 +27,14 @@ void Mouse_Begin() { fLeftDrag = fRightDrag = false; }
 void Mouse_Moved(POINT place)
 {
     ShowModePointer(hwndMain);
-    if (fRightDrag || fLeftDrag)
-    {
-        ScoreDC const hdc;
-        if (fRightDrag)
-            HighlightNearest(hdc, hwndMain, place.x, place.y);
-        if (fLeftDrag)
-            DrawCursorLegers(hdc, place.x, place.y);
-    }
+    bool const bHighlight = fRightDrag && NearestElement(place.x, place.y) != pelHighlight;
+    if (!bHighlight && !fLeftDrag)
+        return;
+    ScoreDC const hdc;
+    if (bHighlight)
+        HighlightNearest(hdc, hwndMain, place.x, place.y);
+    if (fLeftDrag)
+        DrawCursorLegers(hdc, place.x, place.y);
 }
 
 void Mouse_LeftDown(POINT place)
@@ -85,9 +85,9 @@ void Mouse_RightDown(POINT place)
 
 static std::vector<MenuItem> const& LyricMenu()
 {
-    static std::vector<MenuItem> const aMenu = {{COMMAND_DELETEITEM, "Delete"},
-                                                {COMMAND_EDITITEM, "Edit this symbol"},
-                                                {COMMAND_EDITLYRICS, "Edit all lyrics"}};
+    static std::vector<MenuItem> const aMenu = {{COMMAND_EDITITEM, "Edit this symbol"},
+                                                {COMMAND_EDITLYRICS, "Edit all lyrics"},
+                                                {COMMAND_DELETEITEM, "Delete"}};
     return aMenu;
 }
 

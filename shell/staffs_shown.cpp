@@ -36,6 +36,8 @@ void ShowOrHideStaff(int32_t lStaff)
     int32_t const lView = ViewStart();
     bool const bShown = ToggleStaff(lStaff);
     Menu_Check(COMMAND_SHOWSTAFF + lStaff, bShown);
+    if (VisibleCount() > 1)
+        bTabShowing = false; // a tablature is that of one staff
     FullAdjust();
     if (bShown)
     {

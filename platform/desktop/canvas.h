@@ -13,7 +13,8 @@ class CanvasOwner
 public:
     virtual ~CanvasOwner() = default;
     virtual void Receive(Event const& event) = 0;
-    virtual void PointerMoved(POINT place) = 0; ///< in client pixels
+    [[nodiscard]] virtual bool IsAccelerator(Event const& key) const = 0; ///< the program takes it as a command
+    virtual void PointerMoved(POINT place) = 0;                           ///< in client pixels
     virtual POINT ButtonPlace(POINT place) = 0; ///< where a button goes down or up, as the program sees it
     virtual void CanvasResized() = 0;
     virtual void ShowImage(QPainter& painter) = 0; ///< covers the whole canvas

@@ -1,6 +1,7 @@
 // A panel's picture, tips, presses and keys.
 #include "platform/desktop/panel_widget.h"
 
+#include "platform/desktop/key_names.h"
 #include "platform/desktop/qt_surface.h"
 #include "platform/desktop/qt_text.h"
 
@@ -90,8 +91,30 @@ void PanelWidget::keyPressEvent(QKeyEvent* pEvent)
     QPoint const place = mapFromGlobal(QCursor::pos());
     if (bEnter && rect().contains(place))
         Click({place.x(), place.y()});
+    else if (IsMereCharacter(*pEvent))
+        Click(KeyData(*pEvent));
     else
         pEvent->ignore(); // the canvas, which the panel stands on, gets it
+}
+
+/// Types a sign and is nothing to the score: no command, no digit that makes a rest with SHIFT.
+bool PanelWidget::IsMereCharacter(QKeyEvent const& key) const
+{
+    QString const sText = key.text();
+    if (sText.isEmpty() || !sText.at(0).isPrint())
+        return false;
+    auto const event = Key_Event(key);
+    if (!event)
+        return true;
+    bool const bRest = event->fShift && event->sText.size() == 1 && event->sText[0] >= '1' && event->sText[0] <= '7';
+    return !bRest && !event->fCtrl && !event->fAlt && !owner.IsAccelerator(*event);
+}
+
+/// A panel takes a character as a click where its key says: how often it came, and the key's number.
+POINT PanelWidget::KeyData(QKeyEvent const& key)
+{
+    constexpr quint32 lNumberMask = 0xFF;
+    return {key.count(), static_cast<int32_t>(key.nativeScanCode() & lNumberMask)};
 }
 
 /// A press that is dragged off the panel belongs to the score from there on.

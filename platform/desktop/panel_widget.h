@@ -8,7 +8,8 @@
 namespace zarn
 {
 /// Its picture is kept in an image of the screen's own pixels, made anew when something has changed. A press gives it
-/// the keys, of which it keeps Enter while the pointer is in it; all others go on to the score.
+/// the keys, of which it keeps Enter while the pointer is in it, and the signs that are nothing to the score; all
+/// others go on to that.
 class PanelWidget : public QWidget, public Panel
 {
 public:
@@ -31,6 +32,8 @@ protected:
     bool focusNextPrevChild(bool) override { return false; } // TAB is a key like any other
 
 private:
+    [[nodiscard]] bool IsMereCharacter(QKeyEvent const& key) const;
+    [[nodiscard]] static POINT KeyData(QKeyEvent const& key);
     void Click(POINT place);
     void RenewImage();
 

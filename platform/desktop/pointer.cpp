@@ -10,19 +10,19 @@ namespace zarn
 void Pointer::Set(POINT place)
 {
     set = place;
-    if (bShown)
+    if (bShown && bMayMove)
         QCursor::setPos(canvas.mapToGlobal(QPoint(place.x, place.y)));
 }
 
 POINT Pointer::Place() const
 {
-    if (set && !bShown)
+    if (set && (!bShown || !bMayMove))
         return *set;
     QPoint const place = canvas.mapFromGlobal(QCursor::pos());
     return Seen({place.x(), place.y()});
 }
 
-POINT Pointer::Seen(POINT reported) const { return IsEcho(reported) ? *set : reported; }
+POINT Pointer::Seen(POINT reported) const { return IsEcho(reported) || IsDrawn() ? *set : reported; }
 
 bool Pointer::Moved(POINT reported)
 {

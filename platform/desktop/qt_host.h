@@ -19,6 +19,7 @@ public:
     int32_t RunForm(Form& form) override;
     int32_t PopupMenu(std::vector<MenuItem> const& aMenu, POINT place) override;
     HWND CreateMainWindow(std::string_view sTitle, Painter* pPainter) override;
+    [[nodiscard]] bool HasPanels() const override { return true; }
     Panel* CreatePanel(PanelSetup const& setup) override;
     bool ShowHelp(std::string_view sFile) override;
     bool AskOpenName(FileDialog& dialog) override;

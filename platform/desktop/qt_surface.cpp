@@ -15,6 +15,7 @@
 #include <QPainterPath>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace zarn
 {
@@ -84,6 +85,29 @@ bool QtSurface::Begin(QPaintDevice& device, SurfaceTarget const& onWhat)
 
 bool QtSurface::End() { return painter.end(); }
 
+QRect QtSurface::TakeTouched()
+{
+    QRectF const onDevice = std::exchange(touched, {});
+    constexpr int smooth = 1; // a smoothed edge reaches into the next pixel
+    return onDevice.isEmpty() ? QRect()
+                              : QRectF(onDevice.topLeft() / target.scale, onDevice.size() / target.scale)
+                                    .toAlignedRect()
+                                    .adjusted(-smooth, -smooth, smooth, smooth);
+}
+
+/// Cut to the surface: a place may lie far beyond what Qt's whole numbers hold.
+void QtSurface::Touch(QRectF const& onDevice)
+{
+    touched |= onDevice & QRectF(0, 0, target.size.cx * target.scale, target.size.cy * target.scale);
+}
+
+/// The box that a stroke along this one's edge reaches.
+QRectF QtSurface::WithPen(QRectF const& onDevice, Pen const& pen) const
+{
+    double const beyond = std::max(pen.lWidth, 1) * target.scale;
+    return onDevice.adjusted(-beyond, -beyond, beyond, beyond);
+}
+
 void QtSurface::Line(POINT from, POINT to, Pen const& pen)
 {
     if (IsHairLine(pen) && (from.x == to.x || from.y == to.y))
@@ -94,7 +118,10 @@ void QtSurface::Line(POINT from, POINT to, Pen const& pen)
         return;
     }
     UsePen(pen);
-    painter.drawLine(Middle(from), Middle(to));
+    QPointF const start = Middle(from);
+    QPointF const end = Middle(to);
+    painter.drawLine(start, end);
+    Touch(WithPen(QRectF(start, end).normalized(), pen));
 }
 
 void QtSurface::Box(RECT box, Pen const& pen, Brush const& brush)
@@ -129,6 +156,7 @@ void QtSurface::Ellipse(RECT box, Pen const& pen, Brush const& brush)
     double const within = bSolid ? 0 : 0.5; // a pen runs along the middle of the outermost pixels
     QRectF const outline = whole.adjusted(within, within, -within, -within);
     QRectF const onDevice(outline.topLeft() * target.scale, outline.size() * target.scale);
+    Touch(WithPen(onDevice, pen));
     if (target.bRaster)
         painter.drawEllipse(onDevice);
     else
@@ -144,6 +172,7 @@ void QtSurface::Polygon(std::span<POINT const> points, Pen const& pen, Brush con
     UsePen(pen);
     UseBrush(brush);
     painter.drawPolygon(polygon);
+    Touch(WithPen(polygon.boundingRect(), pen));
 }
 
 void QtSurface::Text(double x, double baseline, std::string_view sText, TextStyle const& style)
@@ -158,6 +187,10 @@ void QtSurface::Text(double x, double baseline, std::string_view sText, TextStyl
     penInUse.reset();
     painter.drawText(QPointF(0, 0), ToQt(sText));
     painter.resetTransform();
+    constexpr double tallest = 2; // ems of the face above its baseline, and below
+    double const em = style.emPixels;
+    Touch({(x - em) * target.scale, (baseline - tallest * em) * target.scale, target.size.cx * target.scale,
+           2 * tallest * em * target.scale});
 }
 
 void QtSurface::Fill(RECT box, COLORREF color) { FillBox(ToQt(box), color); }
@@ -193,6 +226,7 @@ void QtSurface::FillOnDevice(QRectF const& box, COLORREF color)
     QRectF const visible = box & surface;
     if (visible.isEmpty())
         return;
+    Touch(visible);
     if (target.bRaster)
     {
         painter.fillRect(visible.toRect(), ColorOf(color));

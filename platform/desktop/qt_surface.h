@@ -25,6 +25,8 @@ public:
     [[nodiscard]] bool Begin(QPaintDevice& device, SurfaceTarget const& onWhat);
     bool End(); ///< false when the device reports a failure
     [[nodiscard]] bool IsActive() const { return painter.isActive(); }
+    /// What was drawn on since the last call, in whole pixels of the drawing; empty for nothing.
+    [[nodiscard]] QRect TakeTouched();
 
     SIZE Size() const override { return target.size; }
     void Line(POINT from, POINT to, Pen const& pen) override;
@@ -41,11 +43,14 @@ private:
     void FillOnDevice(QRectF const& box, COLORREF color);
     void FrameBox(QRectF const& outer, double width, COLORREF color);
     [[nodiscard]] QPointF Middle(POINT place) const; ///< of a pixel of the drawing, in device pixels
+    [[nodiscard]] QRectF WithPen(QRectF const& onDevice, Pen const& pen) const;
+    void Touch(QRectF const& onDevice);
     void UsePen(Pen const& pen);
     void UseBrush(Brush const& brush);
 
     QPainter painter;
     SurfaceTarget target;
+    QRectF touched;              ///< in device pixels
     std::optional<Pen> penInUse; ///< what the painter has; none when it is unknown
     std::optional<Brush> brushInUse;
 };

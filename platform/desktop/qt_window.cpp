@@ -22,9 +22,11 @@ void QtWindow::MainFrame::closeEvent(QCloseEvent* pEvent)
     window.Receive({.kind = EventKind::CLOSE});
 }
 
-QtWindow::QtWindow(std::string_view sTitle, Painter* pPainter, Door* pDoor)
+bool QtWindow::SystemPointerMayMove() { return !QGuiApplication::platformName().startsWith(QStringLiteral("wayland")); }
+
+QtWindow::QtWindow(std::string_view sTitle, Painter* pPainter, Door* pDoor, bool bPointerMayMove)
     : pPainter(pPainter), pDoor(pDoor), frame(*this), pCanvas(new Canvas(*this)), pScroll(new QScrollBar(Qt::Vertical)),
-      pointer(*pCanvas), pStatus(new QLabel),
+      pointer(*pCanvas, bPointerMayMove), pStatus(new QLabel),
       menu(*frame.menuBar(), [this](int32_t lCommand) { Receive({.kind = EventKind::COMMAND, .lNumber = lCommand}); })
 {
     pScroll->setFocusPolicy(Qt::NoFocus);
@@ -99,13 +101,8 @@ void QtWindow::EndDraw(HDC hdc)
     delete hdc;
     if (--cDrawing == 0 && surface.IsActive())
         surface.End();
-    pCanvas->update();
-}
-
-void QtWindow::SetScroll(int32_t lRange, int32_t lPlace)
-{
-    pScroll->setRange(0, lRange);
-    pScroll->setValue(lPlace);
+    if (QRect const touched = surface.TakeTouched(); !touched.isEmpty())
+        pCanvas->update(touched);
 }
 
 void QtWindow::SetWaitPointer(bool bOn)
@@ -124,26 +121,58 @@ HDC QtWindow::BeginCursor() { return symbolCursor.Begin(pCanvas->devicePixelRati
 void QtWindow::EndCursor(HDC hdc, POINT hotSpot)
 {
     symbolCursor.End(hdc, hotSpot);
-    ShowPointer(PointerShape::SYMBOL);
+    shape = PointerShape::SYMBOL;
+    UseCursor();
 }
 
-void QtWindow::ShowPointer(PointerShape shape)
+/// Each move asks for its shape: nearly always the one that is there.
+void QtWindow::ShowPointer(PointerShape newShape)
+{
+    if (newShape == shape)
+        return;
+    shape = newShape;
+    UseCursor();
+}
+
+void QtWindow::HidePointer(bool bHidden)
+{
+    bPointerHidden = bHidden;
+    UseCursor();
+}
+
+void QtWindow::SetPointer(POINT place)
+{
+    pointer.Set(place);
+    if (pointer.IsDrawn())
+        UseCursor();
+}
+
+QCursor QtWindow::Cursor() const
 {
     switch (shape)
     {
-    case PointerShape::CROSS:
-        pCanvas->setCursor(Qt::CrossCursor);
-        break;
-    case PointerShape::UP:
-        pCanvas->setCursor(Qt::UpArrowCursor);
-        break;
     case PointerShape::SYMBOL:
-        pCanvas->setCursor(symbolCursor.Cursor());
-        break;
+        return symbolCursor.Cursor();
+    case PointerShape::CROSS:
+        return Qt::CrossCursor;
+    case PointerShape::UP:
+        return Qt::UpArrowCursor;
     default:
-        pCanvas->setCursor(Qt::ArrowCursor);
-        break;
+        return Qt::ArrowCursor;
     }
+}
+
+/// Shows the system's pointer in the shape in force, or hides it and draws one where the program put it.
+void QtWindow::UseCursor()
+{
+    pCanvas->update(drawnAt);
+    drawnAt = {};
+    pCanvas->setCursor(bPointerHidden || pointer.IsDrawn() ? QCursor(Qt::BlankCursor) : Cursor());
+    if (bPointerHidden || !pointer.IsDrawn())
+        return;
+    drawnPointer.SetShape(Cursor());
+    drawnAt = drawnPointer.Covers(pointer.Place());
+    pCanvas->update(drawnAt);
 }
 
 void QtWindow::SetStatus(std::string_view sText) { pStatus->setText(ToQt(sText)); }
@@ -180,7 +209,10 @@ void QtWindow::Receive(Event const& event)
 
 void QtWindow::PointerMoved(POINT place)
 {
-    if (pointer.Moved(place))
+    bool const bMoved = pointer.Moved(place);
+    if (!drawnAt.isEmpty() && !pointer.IsDrawn())
+        UseCursor();
+    if (bMoved)
         Receive({.kind = EventKind::MOVE, .x = place.x, .y = place.y});
 }
 
@@ -207,6 +239,8 @@ void QtWindow::ShowImage(QPainter& painter)
         image.height() < std::floor(whole.height() * ratio))
         painter.fillRect(whole, Qt::white);
     painter.drawImage(QRectF(0, 0, image.width() / ratio, image.height() / ratio), image);
+    if (!drawnAt.isEmpty())
+        drawnPointer.Draw(painter, pointer.Place());
     if (!image.isNull() && ratio != imageScale) // the window has gone to another screen
         Invalidate();
 }
@@ -247,6 +281,7 @@ void QtWindow::Later(std::function<void()> pAction)
 void QtWindow::FirstPaint()
 {
     pointer.Show();
+    UseCursor();
     TellSize();
     Update();
     for (void (*const pAction)() : std::exchange(aPosted, {}))

@@ -1,6 +1,7 @@
 /// The main window.
 #pragma once
 #include "platform/desktop/canvas.h"
+#include "platform/desktop/drawn_pointer.h"
 #include "platform/desktop/menu_bar.h"
 #include "platform/desktop/pointer.h"
 #include "platform/desktop/qt_surface.h"
@@ -21,7 +22,7 @@ namespace zarn
 class QtWindow : public Window, private CanvasOwner
 {
 public:
-    QtWindow(std::string_view sTitle, Painter* pPainter, Door* pDoor);
+    QtWindow(std::string_view sTitle, Painter* pPainter, Door* pDoor, bool bPointerMayMove = SystemPointerMayMove());
     ~QtWindow() override;
 
     SIZE ClientSize() override;
@@ -31,13 +32,15 @@ public:
     void Update() override;
     HDC BeginDraw() override;
     void EndDraw(HDC hdc) override;
-    void SetScroll(int32_t lRange, int32_t lPlace) override;
-    void SetPointer(POINT place) override { pointer.Set(place); }
+    void SetScrollRange(int32_t lMost) override { pScroll->setRange(0, lMost); }
+    void SetScrollPlace(int32_t lPlace) override { pScroll->setValue(lPlace); }
+    void SetPointer(POINT place) override;
     POINT Pointer() override { return pointer.Place(); }
     void SetWaitPointer(bool bOn) override;
     HDC BeginCursor() override;
     void EndCursor(HDC hdc, POINT hotSpot) override;
-    void ShowPointer(PointerShape shape) override;
+    void ShowPointer(PointerShape newShape) override;
+    void HidePointer(bool bHidden) override;
     void SetStatus(std::string_view sText) override;
     void SetMenu(std::vector<MenuItem> const& aMenu) override { menu.Build(aMenu); }
     void CheckItem(int32_t lCommand, bool bOn) override { menu.Check(lCommand, bOn); }
@@ -47,6 +50,8 @@ public:
     /// Runs the action from the message loop, once the window has been painted.
     void Post(void (*pAction)()) override;
 
+    /// Whether this system lets a program move its pointer.
+    [[nodiscard]] static bool SystemPointerMayMove();
     Panel* CreatePanel(PanelSetup const& setup); ///< lives as long as the window
     [[nodiscard]] QWidget* Frame() { return &frame; }
     void TakeFocus(); ///< keys go to the score again
@@ -67,12 +72,15 @@ private:
     };
 
     void Receive(Event const& event) override;
+    [[nodiscard]] bool IsAccelerator(Event const& key) const override { return pDoor && pDoor->IsAccelerator(key); }
     void PointerMoved(POINT place) override;
     POINT ButtonPlace(POINT place) override { return pointer.Seen(place); }
     void CanvasResized() override;
     void ShowImage(QPainter& painter) override;
 
     void Scrolled(int lAction);
+    [[nodiscard]] QCursor Cursor() const;
+    void UseCursor();
     void Later(std::function<void()> pAction);
     void FirstPaint();
     void TellSize();
@@ -100,6 +108,10 @@ private:
     QScrollBar* pScroll;
     class Pointer pointer;
     SymbolCursor symbolCursor;
+    DrawnPointer drawnPointer;
+    QRect drawnAt; ///< empty while the system's pointer shows
+    PointerShape shape = PointerShape::ARROW;
+    bool bPointerHidden = false;
     QLabel* pStatus; // Qt's, in the frame's status bar
     MenuBar menu;
 };

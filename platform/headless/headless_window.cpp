@@ -1,6 +1,7 @@
 // The unseen window.
 #include "platform/headless/headless_window.h"
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -59,11 +60,13 @@ void HeadlessWindow::EndCursor(HDC hdc, POINT place)
     ++cCursors;
 }
 
-void HeadlessWindow::SetScroll(int32_t lRange, int32_t lPlace)
+void HeadlessWindow::SetScrollRange(int32_t lMost)
 {
-    lScrollRange = lRange;
-    lScrollPlace = lPlace;
+    lScrollRange = lMost;
+    SetScrollPlace(lScrollPlace);
 }
+
+void HeadlessWindow::SetScrollPlace(int32_t lPlace) { lScrollPlace = std::clamp(lPlace, 0, lScrollRange); }
 
 void HeadlessWindow::SetMenu(std::vector<MenuItem> const& aMenu)
 {

@@ -36,13 +36,15 @@ public:
     void Update() override;
     HDC BeginDraw() override;
     void EndDraw(HDC hdc) override;
-    void SetScroll(int32_t lRange, int32_t lPlace) override;
+    void SetScrollRange(int32_t lMost) override;
+    void SetScrollPlace(int32_t lPlace) override;
     void SetPointer(POINT place) override { pointer = place; }
     POINT Pointer() override { return pointer; }
     void SetWaitPointer(bool bOn) override { bWaitPointer = bOn; }
     HDC BeginCursor() override;
     void EndCursor(HDC hdc, POINT place) override;
     void ShowPointer(PointerShape shown) override { shape = shown; }
+    void HidePointer(bool bHidden) override { bPointerHidden = bHidden; }
     void SetStatus(std::string_view sText) override { sStatus = sText; }
     void SetMenu(std::vector<MenuItem> const& aMenu) override;
     void CheckItem(int32_t lCommand, bool bOn) override { items[lCommand].bChecked = bOn; }
@@ -66,6 +68,7 @@ public:
     bool bRepaintOwed = true; ///< a new window owes its first paint
     bool bWaitPointer = false;
     PointerShape shape = PointerShape::ARROW;
+    bool bPointerHidden = false;
     POINT hotSpot;              ///< of the last symbol pointer
     int32_t cCursors = 0;       ///< symbol pointers made
     Surface* pCursor = nullptr; ///< where the symbol pointer is drawn; null for nowhere

@@ -33,6 +33,7 @@ public:
     int32_t RunForm(Form& form) override;
     int32_t PopupMenu(std::vector<MenuItem> const& aMenu, POINT place) override; ///< takes `number N`, a command of its
     HWND CreateMainWindow(std::string_view sTitle, Painter* pPainter) override;
+    [[nodiscard]] bool HasPanels() const override { return bPanelClassesWork; }
     Panel* CreatePanel(PanelSetup const& setup) override;
     bool ShowHelp(std::string_view sFile) override;
     bool AskOpenName(FileDialog& dialog) override;
@@ -55,6 +56,7 @@ public:
     bool bHelpWorks = true;
     bool bEditorWorks = true;
     bool bWindowWorks = true;
+    bool bPanelClassesWork = true;
     bool bPanelsWork = true;
     uint32_t lNowMs = 0;
     /// Called with each message and question as it is shown; for a command line that tells its user.

@@ -174,6 +174,21 @@ TEST_F(DesktopPanel, AllOtherKeysGoOnToTheScore)
                                          Event{.kind = EventKind::KEY, .sText = "left"}));
 }
 
+TEST_F(DesktopPanel, ASignThatIsNoCommandIsAClickWhereItsKeySays)
+{
+    Widget()->setFocus();
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_Q, Qt::NoModifier, 24, 0, 0, QStringLiteral("q"), false, 1);
+    QApplication::sendEvent(Widget(), &key);
+    EXPECT_THAT(door.events, ElementsAre(Event{.kind = EventKind::PALETTE, .x = 1, .y = 24}));
+    door.events.clear();
+    QTest::keyClick(Widget(), Qt::Key_Escape);
+    QTest::keyClick(Widget(), Qt::Key_2, Qt::ShiftModifier);
+    QTest::keyClick(Widget(), Qt::Key_Q, Qt::ControlModifier);
+    ASSERT_EQ(door.events.size(), 3u);
+    for (Event const& event : door.events)
+        EXPECT_EQ(event.kind, EventKind::KEY) << event.sText;
+}
+
 TEST_F(DesktopPanel, HiddenWithTheKeysItGivesThemBackToTheScore)
 {
     QTest::mouseClick(Widget(), Qt::LeftButton, Qt::NoModifier, QPoint(3, 4));

@@ -5,6 +5,7 @@
 
 #include <QImage>
 #include <cmath>
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace zarn
@@ -228,5 +229,67 @@ TEST(QtSurface, ABaselineStandsUnderTheLetters)
     QRect const inked = Inked(image);
     EXPECT_NEAR(inked.bottom() + 1, 60, 1);
     EXPECT_NEAR(inked.height(), 0.729 * 40, 1.5); // the face's capitals
+}
+TEST(QtSurface, WhatItTouchedHoldsAllThatChanged)
+{
+    Pen const wide{.lWidth = 5};
+    struct
+    {
+        char const* sWhat;
+        std::function<void(QtSurface&)> draw;
+    } const aCase[] = {
+        {"slant",
+         [&](QtSurface& s) {
+             s.Line({40, 30}, {90, 71}, wide);
+         }},
+        {"level line",
+         [](QtSurface& s) {
+             s.Line({40, 30}, {90, 30}, Pen{});
+         }},
+        {"frame",
+         [&](QtSurface& s) {
+             s.Box({20, 20, 60, 50}, wide, Brush{.bNull = true});
+         }},
+        {"ring",
+         [&](QtSurface& s) {
+             s.Ellipse({20, 20, 60, 50}, wide, Brush{.bNull = true});
+         }},
+        {"dot",
+         [](QtSurface& s) {
+             s.Ellipse({20, 20, 22, 22}, Pen{}, Brush{});
+         }},
+        {"head",
+         [](QtSurface& s) {
+             s.Ellipse({20, 20, 60, 50}, Pen{}, Brush{});
+         }},
+        {"polygon",
+         [](QtSurface& s)
+         {
+             POINT const aPoints[] = {{30, 30}, {80, 35}, {50, 80}};
+             s.Polygon(aPoints, Pen{}, Brush{});
+         }},
+        {"text", [](QtSurface& s) { s.Text(20, 60, "Jgy\xC3\x84", {.emPixels = 20, .bBold = true}); }},
+        {"off the surface",
+         [](QtSurface& s) {
+             s.Line({-500, 30}, {INT32_MAX, 30}, Pen{});
+         }},
+    };
+    for (double const scale : aScales)
+        for (auto const& c : aCase)
+        {
+            QRect touched;
+            QImage const image = Drawn(scale,
+                                       [&](QtSurface& surface)
+                                       {
+                                           EXPECT_TRUE(surface.TakeTouched().isEmpty());
+                                           c.draw(surface);
+                                           touched = surface.TakeTouched();
+                                           EXPECT_TRUE(surface.TakeTouched().isEmpty()) << "it was taken";
+                                       });
+            QRect const inked = Inked(image);
+            QRectF const onDevice(QPointF(touched.topLeft()) * scale, QSizeF(touched.size()) * scale);
+            EXPECT_FALSE(inked.isEmpty()) << c.sWhat;
+            EXPECT_TRUE(onDevice.contains(QRectF(inked))) << c.sWhat << " at " << scale;
+        }
 }
 } // namespace zarn

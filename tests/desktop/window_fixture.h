@@ -20,6 +20,7 @@ public:
         if (pOnEvent)
             pOnEvent(event);
     }
+    [[nodiscard]] bool IsAccelerator(Event const& key) const override { return key.sText == "a"; }
     std::vector<Event> events;
     std::function<void(Event const&)> pOnEvent;
 };

@@ -148,6 +148,61 @@ TEST_F(DesktopWindow, ADirectDrawShowsWithoutARepaint)
     EXPECT_EQ(painter.cPaints, cBefore);
 }
 
+namespace
+{
+/// What a widget was asked to paint.
+class PaintWatch : public QObject
+{
+public:
+    explicit PaintWatch(QWidget& widget) : widget(widget) { widget.installEventFilter(this); }
+    ~PaintWatch() override { widget.removeEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* pEvent) override
+    {
+        if (pEvent->type() == QEvent::Paint)
+            painted |= static_cast<QPaintEvent*>(pEvent)->region().boundingRect();
+        return false;
+    }
+    QRect painted;
+
+private:
+    QWidget& widget;
+};
+} // namespace
+
+TEST_F(DesktopWindow, ADirectDrawPutsNoMoreOnTheScreenThanItTouched)
+{
+    QApplication::processEvents();
+    PaintWatch const watch(*Canvas());
+    pWindow->EndDraw(pWindow->BeginDraw());
+    QApplication::processEvents();
+    EXPECT_TRUE(watch.painted.isEmpty()) << "nothing was drawn";
+    HDC const hdc = pWindow->BeginDraw();
+    SelectObject(hdc, GetStockObject(BLACK_BRUSH));
+    Ellipse(hdc, 50, 50, 100, 90);
+    pWindow->EndDraw(hdc);
+    QApplication::processEvents();
+    EXPECT_TRUE(watch.painted.contains(QRect(50, 50, 50, 40)));
+    EXPECT_TRUE(QRect(40, 40, 70, 60).contains(watch.painted))
+        << watch.painted.width() << "x" << watch.painted.height();
+}
+
+TEST_F(DesktopWindow, TheShapeThatIsThereIsNotSetAgain)
+{
+    pWindow->ShowPointer(PointerShape::CROSS);
+    EXPECT_EQ(Canvas()->cursor().shape(), Qt::CrossCursor);
+    Canvas()->setCursor(Qt::WaitCursor);
+    pWindow->ShowPointer(PointerShape::CROSS);
+    EXPECT_EQ(Canvas()->cursor().shape(), Qt::WaitCursor);
+    pWindow->ShowPointer(PointerShape::UP);
+    EXPECT_EQ(Canvas()->cursor().shape(), Qt::UpArrowCursor);
+    pWindow->HidePointer(true);
+    EXPECT_EQ(Canvas()->cursor().shape(), Qt::BlankCursor);
+    pWindow->ShowPointer(PointerShape::CROSS);
+    EXPECT_EQ(Canvas()->cursor().shape(), Qt::BlankCursor);
+    pWindow->HidePointer(false);
+    EXPECT_EQ(Canvas()->cursor().shape(), Qt::CrossCursor);
+}
+
 TEST_F(DesktopWindow, DrawsMayOverlapEachOtherAndAPaint)
 {
     HDC const first = pWindow->BeginDraw();
@@ -319,6 +374,53 @@ TEST_F(DesktopWindow, TheMouseTakesThePointerAwayAgain)
     EXPECT_NEAR(door.events.back().y, 120, 1);
 }
 
+TEST(DesktopStart, WhereTheSystemsPointerCantBeMovedTheWindowDrawsItsOwn)
+{
+    ListeningDoor door;
+    LinePainter painter;
+    QtWindow window("Zarn", &painter, &door, false);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !door.events.empty() && painter.cPaints > 0; }));
+    QWidget* pCanvas = nullptr;
+    for (QWidget* const pWidget : window.Frame()->findChildren<QWidget*>())
+        if (pWidget->accessibleName() == QStringLiteral("Score"))
+            pCanvas = pWidget;
+    ASSERT_NE(pCanvas, nullptr);
+    auto const IsBlack = [&](QPoint place)
+    {
+        double const ratio = pCanvas->devicePixelRatioF();
+        QImage const image = pCanvas->grab().toImage();
+        return image.pixelColor((QPointF(place) * ratio).toPoint()).lightness() < 100;
+    };
+    QTest::mouseMove(pCanvas, QPoint(300, 300));
+    QApplication::processEvents();
+    door.events.clear();
+
+    window.ShowPointer(PointerShape::CROSS);
+    EXPECT_EQ(pCanvas->cursor().shape(), Qt::CrossCursor);
+    for (POINT const place : {POINT{100, 100}, POINT{140, 120}})
+    {
+        window.SetPointer(place);
+        QApplication::processEvents();
+        EXPECT_EQ(window.Pointer(), place);
+        EXPECT_EQ(pCanvas->cursor().shape(), Qt::BlankCursor);
+        EXPECT_TRUE(IsBlack({place.x - 5, place.y}) && IsBlack({place.x, place.y + 5}));
+    }
+    EXPECT_FALSE(IsBlack({95, 100})) << "where it stood before";
+    EXPECT_THAT(door.events, IsEmpty());
+
+    QTest::mouseClick(pCanvas, Qt::LeftButton, Qt::NoModifier, QPoint(300, 300));
+    EXPECT_THAT(door.events, testing::Contains(Event{.kind = EventKind::LEFTDOWN, .x = 140, .y = 120}))
+        << "a click means the pointer that can be seen";
+
+    QTest::mouseMove(pCanvas, QPoint(320, 310));
+    QApplication::processEvents();
+    EXPECT_EQ(pCanvas->cursor().shape(), Qt::CrossCursor) << "the mouse takes it over";
+    EXPECT_FALSE(IsBlack({135, 120}));
+    EXPECT_EQ(door.events.back().kind, EventKind::MOVE);
+    EXPECT_NEAR(door.events.back().x, 320, 1); // a scaled screen may put it a pixel off
+    EXPECT_NEAR(door.events.back().y, 310, 1);
+}
+
 TEST_F(DesktopWindow, TheWheelScrollsALineForEachNotch)
 {
     QPointF const place(50, 50);
@@ -340,7 +442,8 @@ TEST_F(DesktopWindow, TheScrollBarSaysWhatWasAskedAndMovesOnlyForTheProgram)
 {
     auto* const pBar = Frame()->findChild<QScrollBar*>();
     ASSERT_NE(pBar, nullptr);
-    pWindow->SetScroll(50, 10);
+    pWindow->SetScrollRange(50);
+    pWindow->SetScrollPlace(10);
     EXPECT_EQ(pBar->value(), 10);
     struct
     {
@@ -359,7 +462,7 @@ TEST_F(DesktopWindow, TheScrollBarSaysWhatWasAskedAndMovesOnlyForTheProgram)
         EXPECT_EQ(pBar->value(), 10);
     }
     door.events.clear();
-    door.pOnEvent = [this](Event const& event) { pWindow->SetScroll(50, event.x); };
+    door.pOnEvent = [this](Event const& event) { pWindow->SetScrollPlace(event.x); };
     pBar->setSliderDown(true);
     pBar->setSliderPosition(30);
     pBar->triggerAction(QAbstractSlider::SliderMove);

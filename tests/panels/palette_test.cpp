@@ -5,6 +5,7 @@
 #include "edit/current_symbol.h"
 #include "panels/panel_size.h"
 #include "platform/headless/recording_surface.h"
+#include "platform/memory.h"
 #include "render/geometry.h"
 #include "support/drawing.h"
 
@@ -262,10 +263,15 @@ TEST_F(Palette, EachSymbolTellsItsNameAndItsKey)
     EXPECT_EQ(setup.pContent->TipAt(*pPalette, MiddleOf(9, 2)), "");
 }
 
-TEST_F(Palette, WithoutAPanelTheProgramGoesOn)
+TEST_F(Palette, WithoutAPanelTheProgramGoesOnAndTheDebuggerIsTold)
 {
+    sLastDebugString.clear();
     process.user.bPanelsWork = false;
     EXPECT_EQ(Palette_Create(hwndMain), nullptr);
+    EXPECT_EQ(sLastDebugString, "Palette creation failed\n");
+    process.user.bPanelClassesWork = false;
+    EXPECT_EQ(Palette_Create(hwndMain), nullptr);
+    EXPECT_EQ(sLastDebugString, "Palette didn't register\n");
     EXPECT_EQ(Palette_Create(nullptr), nullptr);
 }
 } // namespace

@@ -5,6 +5,7 @@
 #include "edit/current_symbol.h"
 #include "panels/panel_size.h"
 #include "platform/headless/recording_surface.h"
+#include "platform/memory.h"
 #include "support/drawing.h"
 #include "support/score_text.h"
 
@@ -173,10 +174,15 @@ TEST_F(Piano, EachKeyTellsItsName)
     EXPECT_EQ(content.TipAt(*pPiano, {0, 190}), "C");
 }
 
-TEST_F(Piano, WithoutAPanelTheProgramGoesOn)
+TEST_F(Piano, WithoutAPanelTheProgramGoesOnAndTheDebuggerIsTold)
 {
+    sLastDebugString.clear();
     process.user.bPanelsWork = false;
     EXPECT_EQ(Piano_Create(hwndMain), nullptr);
+    EXPECT_EQ(sLastDebugString, "Piano creation failed\n");
+    process.user.bPanelClassesWork = false;
+    EXPECT_EQ(Piano_Create(hwndMain), nullptr);
+    EXPECT_EQ(sLastDebugString, "Piano didn't register\n");
 }
 } // namespace
 } // namespace zarn

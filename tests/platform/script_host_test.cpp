@@ -199,9 +199,16 @@ TEST_F(ScriptedHost, TheWindowRemembersWhatItIsTold)
     EXPECT_EQ(GetCursorPos(hwnd), (POINT{7, 8}));
     SetWindowTextA(hwnd, "jig.zrn");
     EXPECT_EQ(hwnd->Title(), "jig.zrn");
-    SetScrollInfo(hwnd, 90, 12);
+    SetScrollRange(hwnd, 90);
+    SetScrollPos(hwnd, 12);
     EXPECT_EQ(user.pWindow->lScrollRange, 90);
     EXPECT_EQ(user.pWindow->lScrollPlace, 12);
+    SetScrollPos(hwnd, 91);
+    EXPECT_EQ(user.pWindow->lScrollPlace, 90);
+    SetScrollRange(hwnd, 30);
+    EXPECT_EQ(user.pWindow->lScrollPlace, 30);
+    SetScrollPos(hwnd, -1);
+    EXPECT_EQ(user.pWindow->lScrollPlace, 0);
     SetWaitCursor(hwnd, true);
     EXPECT_TRUE(user.pWindow->bWaitPointer);
 

@@ -305,6 +305,8 @@ TEST_F(Commands, ShowingAStaffKeepsTheMusicInView)
 TEST_F(Commands, TheScrollBarMovesTheView)
 {
     WriteTwoLines();
+    Command(COMMAND_MINIADJUST);
+    Update(); // the bar gets its range
     Send(EventKind::SCROLL, static_cast<int32_t>(ScrollAction::LINEDOWN));
     EXPECT_EQ(lScroll, lStaffHeight);
     Send(EventKind::SCROLL, static_cast<int32_t>(ScrollAction::LINEUP));
@@ -312,6 +314,12 @@ TEST_F(Commands, TheScrollBarMovesTheView)
     EXPECT_EQ(lScroll, 0) << "not above the top";
     Send(EventKind::SCROLL, static_cast<int32_t>(ScrollAction::PAGEDOWN));
     EXPECT_EQ(lScroll, SystemHeight());
+    Send(EventKind::SCROLL, static_cast<int32_t>(ScrollAction::LINEDOWN));
+    Update();
+    EXPECT_EQ(lScroll, SystemHeight() + lStaffHeight);
+    EXPECT_EQ(Window().lScrollPlace, lStaffHeight) << "the bar is told the change, not the place";
+    Send(EventKind::SCROLL, static_cast<int32_t>(ScrollAction::LINEUP));
+    EXPECT_EQ(Window().lScrollPlace, 0);
     Send(EventKind::SCROLL, static_cast<int32_t>(ScrollAction::PAGEUP));
     EXPECT_EQ(lScroll, 0);
     int32_t const lYAtTop = At(1, 0)->lY;

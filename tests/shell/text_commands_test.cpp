@@ -83,7 +83,7 @@ TEST_F(TextCommands, ASyllableHasAPopUpUnderTheRightButton)
     AnswersNumber(COMMAND_EDITITEM);
     AnswersText("lo ");
     Click(place, true);
-    EXPECT_EQ(Messages(), (std::vector<std::string>{"Delete", "Edit symbol"}));
+    EXPECT_EQ(Messages(), (std::vector<std::string>{"Edit this symbol", "Edit symbol"}));
     EXPECT_EQ(Read(1), "clef:1 n4/48 n5/48 lyr\"lo \" n6/48");
     EXPECT_EQ(pelPopup, nullptr);
     Click(place, true); // nothing is chosen
@@ -101,7 +101,7 @@ TEST_F(TextCommands, AllLyricsFromASyllableOnAreEditedInOne)
     AnswersNumber(COMMAND_EDITLYRICS);
     AnswersText("one two");
     Click({pel->lX, pel->lY}, true);
-    EXPECT_EQ(Messages(), (std::vector<std::string>{"Delete", "Lyrics (Ctrl+Enter for new line)"}));
+    EXPECT_EQ(Messages(), (std::vector<std::string>{"Edit this symbol", "Lyrics (Ctrl+Enter for new line)"}));
     EXPECT_EQ(Read(1), "clef:1 n4/48 n5/48 lyr\"one \" lyr\"two\" n6/48");
 }
 
