@@ -40,8 +40,10 @@ void CurrentSymbol_Set(int32_t sort, int32_t lA, int32_t lB)
     elCurrent.lB = lB;
 }
 
-static void SetDuration(int32_t lDuration)
+void CurrentSymbol_SetDuration(int32_t lDuration)
 {
+    if (elCurrent.sort != NOTE && elCurrent.sort != REST)
+        elCurrent.sort = NOTE;
     if (lDuration > lLongestUnremarked)
         Serious("Too long.  Boredom coefficient > 1.0");
     elCurrent.lDuration = lDuration;
@@ -50,13 +52,13 @@ static void SetDuration(int32_t lDuration)
 void CurrentSymbol_SetNote(int32_t lDuration)
 {
     CurrentSymbol_Set(NOTE, 0, lDefaultVolume);
-    SetDuration(lDuration);
+    CurrentSymbol_SetDuration(lDuration);
 }
 
 void CurrentSymbol_SetRest(int32_t lDuration)
 {
     CurrentSymbol_Set(REST);
-    SetDuration(lDuration);
+    CurrentSymbol_SetDuration(lDuration);
 }
 
 /// The bytes behind the text are NULs, to the end of what a text may be.

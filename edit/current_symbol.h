@@ -11,6 +11,8 @@ void CurrentSymbol_Set(int32_t sort, int32_t lA = 0, int32_t lB = 0);
 /// A NOTE of volume 64 and a REST, of lDuration ticks. A duration above 192 gets a message and stands.
 void CurrentSymbol_SetNote(int32_t lDuration);
 void CurrentSymbol_SetRest(int32_t lDuration);
+/// The length alone, with the same message; any other symbol than a NOTE or a REST becomes a NOTE.
+void CurrentSymbol_SetDuration(int32_t lDuration);
 
 /// The kinds of text that a user writes; the values are those of the Text menu.
 enum WritingType : int32_t

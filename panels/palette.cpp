@@ -42,7 +42,7 @@ void TakeNote(int32_t lDuration)
         return;
     }
     elCurrent.sort = NOTE;
-    elCurrent.lDuration = lDuration;
+    CurrentSymbol_SetDuration(lDuration);
 }
 
 void TakeRest(int32_t lDuration)
@@ -53,7 +53,7 @@ void TakeRest(int32_t lDuration)
         return;
     }
     elCurrent.sort = REST;
-    elCurrent.lDuration = lDuration;
+    CurrentSymbol_SetDuration(lDuration);
 }
 
 void TakeTriplet(int32_t)

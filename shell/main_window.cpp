@@ -24,6 +24,7 @@ void ScorePainter::Paint(HWND hwnd, HDC hdc)
 {
     if (bPrinting || !hwndMain) // the units are the paper's, or the score has gone
         return;
+    Serious_Rearm(); // a paint may tell of an error of its own
     if (fMouseMode)
     {
         MakeSymbolCursor(hwnd);

@@ -1,6 +1,7 @@
 // One column of controls in the table's order, and the buttons in a row below them.
 #include "platform/desktop/form_dialog.h"
 
+#include "platform/desktop/manual.h"
 #include "platform/desktop/qt_text.h"
 #include "platform/utf8.h"
 
@@ -16,6 +17,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <algorithm>
 #include <functional>
 #include <utility>
@@ -94,6 +96,8 @@ private:
 FormDialog::FormDialog(Form& form, QWidget* pParent) : QDialog(pParent)
 {
     setWindowTitle(ToQt(form.sTitle));
+    QObject::connect(new QShortcut(QKeySequence(Qt::Key_F1), this), &QShortcut::activated, this,
+                     [] { (void)Manual_Show(); });
     auto* const pAll = new QVBoxLayout(this);
     pAll->addLayout(pRows);
     pAll->addLayout(pButtons);

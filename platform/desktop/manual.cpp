@@ -1,7 +1,7 @@
 // The manual lies beside the program: installed, unpacked, or built.
 #include "platform/desktop/manual.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QDesktopServices>
 #include <QDir>
 #include <QTextBrowser>
@@ -23,10 +23,12 @@ static QString ManualPath()
     return {};
 }
 
+/// An open dialog lets no window have the keys but its own: then the manual is one of those.
 static void ShowOurselves(QUrl const& url)
 {
     constexpr QSize size(900, 700);
-    auto* const pBrowser = new QTextBrowser;
+    auto* const pBrowser = new QTextBrowser(QApplication::activeModalWidget());
+    pBrowser->setWindowFlag(Qt::Window);
     pBrowser->setAttribute(Qt::WA_DeleteOnClose);
     pBrowser->setWindowTitle(QStringLiteral("Zarn help"));
     pBrowser->setSource(url);

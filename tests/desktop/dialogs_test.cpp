@@ -11,6 +11,7 @@
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QScreen>
 #include <QTemporaryDir>
@@ -84,6 +85,28 @@ TEST_F(DesktopDialogs, ANumberIsTypedOverTheOneThatStandsThere)
         });
     EXPECT_EQ(desktop.RunForm(form), IDOK);
     EXPECT_EQ(form.aControls[0].sText, "12");
+}
+
+TEST_F(DesktopDialogs, F1OpensTheManualWhichCanBeReadBesideTheDialog)
+{
+    QByteArray const path = qgetenv("PATH");
+    qputenv("PATH", ""); // no other program shows it
+    Form form = NumberForm();
+    QPointer<QWidget> pManual;
+    WhenAsked(
+        [&](QWidget* pDialog)
+        {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
+            for (QWidget* const pWidget : QApplication::topLevelWidgets())
+                if (pWidget->windowTitle() == QStringLiteral("Zarn help"))
+                    pManual = pWidget;
+            EXPECT_TRUE(pManual && pManual->isVisible() && pManual->parentWidget() == pDialog);
+            pDialog->activateWindow();
+            QTest::keyClick(pDialog, Qt::Key_Escape);
+        });
+    EXPECT_EQ(desktop.RunForm(form), IDCANCEL);
+    EXPECT_TRUE(pManual.isNull());
+    qputenv("PATH", path);
 }
 
 TEST_F(DesktopDialogs, ACancelledDialogLeavesTheTextAsItWas)

@@ -159,4 +159,30 @@ TEST(Forms, AFormHasATitleOfItsOwnWhenNoneIsGiven)
     EXPECT_EQ(LyricsForm("", "", 0).sTitle, "Lyrics");
     EXPECT_EQ(QuestionForm("", "", "a", "b").sTitle, "Question");
 }
+
+TEST(Forms, EachTemplateHasItsNumberItsTitleAndItsControls)
+{
+    struct
+    {
+        Form form;
+        int32_t lId;
+        char const* sTitle;
+        std::vector<int32_t> aControls;
+    } const aCase[] = {{InputForm("", "a", "text", 9), 7001, "Input", {7002, IDOK, IDCANCEL}},
+                       {LyricsForm("", "a", 9), 7003, "Lyrics", {7002, IDOK, IDCANCEL}},
+                       {QuestionForm("", "a", "b", "c"), 7009, "Question", {8001, 7010, 7011, IDCANCEL}},
+                       {TimeSignatureForm("4", "4", 9), 7033, "Time-signature Input", {7034, 7035, IDOK, IDCANCEL}}};
+    for (auto const& c : aCase)
+    {
+        EXPECT_EQ(c.form.lId, c.lId);
+        EXPECT_EQ(c.form.sTitle, c.sTitle);
+        std::vector<int32_t> aControls;
+        for (FormControl const& control : c.form.aControls)
+            aControls.push_back(control.lId);
+        EXPECT_EQ(aControls, c.aControls) << c.sTitle;
+    }
+    EXPECT_EQ(LyricsForm("", "a", 9).aControls[0].kind, FormControl::MULTILINE);
+    EXPECT_EQ(QuestionForm("", "a", "Open", "New").Find(7010)->sLabel, "Open");
+    EXPECT_EQ(QuestionForm("", "a", "Open", "New").Find(7011)->sLabel, "New");
+}
 } // namespace zarn

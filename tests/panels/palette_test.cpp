@@ -106,7 +106,8 @@ TEST_F(Palette, AClickOnEachSymbolMakesItTheCurrentOne)
         }
     }
     EXPECT_EQ(process.user.cBeeps, 0);
-    EXPECT_TRUE(process.user.Messages().empty());
+    EXPECT_EQ(process.user.Messages(), std::vector<std::string>{"Too long.  Boredom coefficient > 1.0"})
+        << "the brieve's";
 }
 
 TEST_F(Palette, AClickBetweenTheGroupsBeepsAndChangesNothing)

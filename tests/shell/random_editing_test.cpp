@@ -79,8 +79,11 @@ struct RandomEditing : Shell
 
     Event AnyEvent()
     {
-        switch (Below(12))
+        switch (Below(13))
         {
+        case 12:
+            return {
+                .kind = Below(2) ? EventKind::PALETTE : EventKind::PIANO, .x = Below(1220) - 10, .y = Below(220) - 10};
         case 0:
         case 1:
         case 2:
@@ -141,6 +144,9 @@ TEST_F(RandomEditing, LeavesTheScoreWhole)
     std::filesystem::current_path(pFolder);
     Start();
     Collect(MainMenu());
+    aCommands.insert(aCommands.end(),
+                     {COMMAND_DUPLICATE, COMMAND_PIANOCLOSED, COMMAND_PALETTECLOSED, COMMAND_EDITITEM,
+                      COMMAND_EDITLYRICS, COMMAND_DELETEITEM, COMMAND_PIANO, COMMAND_PIANO, COMMAND_PIANO});
     ASSERT_GT(aCommands.size(), 300u);
     char const* const sEvents = std::getenv("ZARN_EVENTS");
     int32_t const cEvents = sEvents ? std::atoi(sEvents) : 6000;
