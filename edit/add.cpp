@@ -242,7 +242,12 @@ static void Settle(HWND hwnd, Element* pel)
 static bool Prepare(HWND hwnd, Element& el, Element* pelPlace)
 {
     if (el.sort == NOTE)
+    {
         el.lB = VolumeAt(pelPlace ? pelPlace : StaffLast(el.lStaff));
+        DebugLog(Format("Adding note with volume %d\n", el.lB));
+    }
+    else if (el.sort == VOLUME)
+        DebugLog(Format("Adding volume changer to level %d\n", el.lA));
     if (el.sort != TIE)
         return true;
     if (!TieCheck(pelPlace, true))

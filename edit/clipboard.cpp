@@ -23,7 +23,8 @@ static Element* LastClipNote()
     return pel;
 }
 
-/// Deletes a TIE that one of the two ends has lost its note to, and clears the flag of the notes there.
+/// From one end of the clipboard to pelStop, or to the other end for null: deletes a TIE that has lost one of its
+/// notes, and clears the flag of the notes there.
 static void PurgeTiesTo(Element* pel, Element const* pelStop, int32_t lFlag, Element* (*pStep)(Element const*))
 {
     while (pel)
@@ -44,11 +45,9 @@ static void Clip_PurgeDanglingTies()
 {
     if (!FirstClipNote())
         return;
-    // A chord that the range cuts off may have no end in it.
-    Element* const pelLastOfFirst = ChordLast(FirstClipNote());
-    PurgeTiesTo(ClipFirst(), pelLastOfFirst ? pelLastOfFirst : FirstClipNote(), fTiedFrom, Next);
-    Element* const pelFirstOfLast = ChordFirst(LastClipNote());
-    PurgeTiesTo(ClipLast(), pelFirstOfLast ? pelFirstOfLast : LastClipNote(), fTiedOn, Prev);
+    // A chord that the range cuts off has no end in it: then all that was copied is that chord.
+    PurgeTiesTo(ClipFirst(), ChordLast(FirstClipNote()), fTiedFrom, Next);
+    PurgeTiesTo(ClipLast(), ChordFirst(LastClipNote()), fTiedOn, Prev);
 }
 
 static void Clip_PurgeLoneSlurs()

@@ -2,6 +2,7 @@
 #include "edit/current_symbol.h"
 
 #include "core/messages.h"
+#include "edit/mark.h"
 
 #include <algorithm>
 #include <cstring>
@@ -38,6 +39,8 @@ void CurrentSymbol_Set(int32_t sort, int32_t lA, int32_t lB)
     elCurrent.sort = sort;
     elCurrent.lA = lA;
     elCurrent.lB = lB;
+    if (sort == NEWLINE)
+        elSavedCurrent.sort = NOSORT; // the symbol from before a mark sign is forgotten
 }
 
 void CurrentSymbol_SetDuration(int32_t lDuration)

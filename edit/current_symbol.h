@@ -6,7 +6,7 @@
 
 namespace zarn
 {
-/// Any sort, with its lA and lB.
+/// Any sort, with its lA and lB. A NEWLINE drops what a mark sign has saved.
 void CurrentSymbol_Set(int32_t sort, int32_t lA = 0, int32_t lB = 0);
 /// A NOTE of volume 64 and a REST, of lDuration ticks. A duration above 192 gets a message and stands.
 void CurrentSymbol_SetNote(int32_t lDuration);

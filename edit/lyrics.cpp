@@ -126,6 +126,15 @@ int32_t Length(std::string_view s) { return Clamp32(std::ssize(s)); }
 
 void AddSyllable(std::string_view sWord) { Text_AddAtInsertPoint(sWord, Length(sWord), LYRICS, false); }
 
+/// What is left goes to the insert point, which no word of this verse may have moved: a click may have put it on
+/// another staff than the last sequential add.
+void AddRest(std::string_view sRest)
+{
+    if (pelInsertPoint)
+        lInsertStaff = pelInsertPoint->lStaff;
+    AddSyllable(sRest);
+}
+
 void EditVerse(HWND hwnd, HDC hdc, Element* pelFrom, int32_t cchMost)
 {
     std::string sText;
@@ -200,7 +209,7 @@ void PutLyrics(HDC hdc, HWND hwnd, std::string_view sText, Element* pelFrom)
     }
     // Only the first sign is looked at: one '+' takes all that is left with it.
     if (!verse.Done() && verse.Rest()[0] != '+')
-        AddSyllable(verse.Rest());
+        AddRest(verse.Rest());
     Score_Dump("End of PutLyrics");
 }
 

@@ -50,10 +50,12 @@ struct TiedChords
     Element* pelB = nullptr;
 };
 
-/// A place that is a rest has no chord behind it: a tie doesn't sound through a rest.
+/// Where a tie may not even stand ahead: it sounds neither through a rest nor into a repeat.
+bool ForbidsTieAhead(int32_t sort) { return sort == REST || sort == REPEATEND || sort == REPEATENDSTART; }
+
 Element* ChordBehind(Element* pelPlace)
 {
-    if (!pelPlace || pelPlace->sort == REST)
+    if (!pelPlace || ForbidsTieAhead(pelPlace->sort))
         return nullptr;
     return ChordFirst(pelPlace->sort == NOTE ? pelPlace : TieNextNote(pelPlace));
 }

@@ -168,7 +168,8 @@ static void ToggleFlagAtMouse(HDC hdc, HWND hwnd, int32_t x, int32_t y, int32_t 
     Element* const pel = NoteOrRestAt(x, y, sWrongSort);
     if (!pel)
         return;
-    Edited();
+    if (pel->sort == NOTE)
+        Edited(); // a rest takes no such mark
     bool const bChord = ToggleFlag(pel, lFlag) != 0;
     DrawOrRepaint(hdc, hwnd, pel, !bChord && pel->sort == NOTE && (pel->lA & lFlag));
 }

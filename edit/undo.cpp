@@ -82,7 +82,8 @@ static void UndoDelete(HWND hwnd)
     lUndoState = UNDO_ADD;
     if (!pel)
         return;
-    ReinsertElement(pelUndoPlace, pel, 0);
+    if (!ReinsertElement(pelUndoPlace, pel, 0))
+        pelUndoPlace = nullptr; // a tie with nothing to join any more: the next undo must not take its neighbour
     LayOut(hwnd);
 }
 

@@ -37,6 +37,7 @@ void UndoCommand()
     ScoreDC const hdc;
     Undo(hdc, hwndMain);
     InvalidateRect(hwndMain);
+    ShowDeletedAsPointer();
 }
 
 void CutCommand()
@@ -45,6 +46,7 @@ void CutCommand()
         return;
     ScoreDC const hdc;
     Cut(hdc, hwndMain);
+    ShowDeletedAsPointer();
     Menu_Enable(COMMAND_PASTE, true);
 }
 

@@ -4,6 +4,7 @@
 #include "core/messages.h"
 #include "core/text.h"
 #include "edit/add.h"
+#include "edit/delete.h"
 #include "edit/mark.h"
 #include "render/geometry.h"
 #include "render/symbol_cursor.h"
@@ -46,6 +47,12 @@ void Modes_Show()
     Menu_Enable(COMMAND_KEYBOARDMODE, true);
     Menu_Enable(COMMAND_MOUSEMODE, false);
     MakeSymbolCursor(hwndMain);
+}
+
+void ShowDeletedAsPointer()
+{
+    if (bEditMode && fMouseMode)
+        MakeSymbolCursor(hwndMain);
 }
 
 POINT SnapToGrid(POINT place)

@@ -14,6 +14,9 @@ void EnterMouseMode(HWND hwnd);
 /// The menu's two entries and the pointer's shape as the mode has them: at the start.
 void Modes_Show();
 
+/// Edit mode has made what was deleted the current symbol: in mouse mode the pointer takes its shape.
+void ShowDeletedAsPointer();
+
 /// The nearest place, in client pixels, that lies exactly on a column and a row.
 [[nodiscard]] POINT SnapToGrid(POINT place);
 

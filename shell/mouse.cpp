@@ -98,8 +98,7 @@ static void DeleteAt(Element* pel)
     ScoreDC const hdc;
     if (DeleteElement(hdc, hwndMain, pel, true))
         InvalidateRect(hwndMain);
-    if (bEditMode)
-        MakeSymbolCursor(hwndMain); // what was deleted is the current symbol
+    ShowDeletedAsPointer();
 }
 
 void Mouse_RightUp(POINT place)

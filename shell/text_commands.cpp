@@ -98,5 +98,6 @@ void DeleteItemCommand()
     ScoreDC const hdc;
     if (DeleteElement(hdc, hwndMain, pel, true))
         InvalidateRect(hwndMain);
+    ShowDeletedAsPointer();
 }
 } // namespace zarn

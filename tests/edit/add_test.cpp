@@ -56,6 +56,7 @@ protected:
 TEST_F(Add, ANoteStandsWhereItWasClicked)
 {
     CurrentSymbol_SetNote(48);
+    lUndoState = UNDO_PASTE;
     Element const* const pel = Click(20, 4);
     ASSERT_TRUE(pel);
     EXPECT_EQ(Read(1), "n4/48");
@@ -196,6 +197,21 @@ TEST_F(Add, AKeySignatureMayKeepTheSoundOfTheNotesBehindIt)
     EXPECT_EQ(Read(1), "key:0 n3/48 key:2 =3 n3/48 =0 n0/48");
 }
 
+TEST_F(Add, AKeySignatureThatKeepsTheSoundRespellsWhatGoesAgainstIt)
+{
+    Write(1, "key:0 x:10 n3/48 x:28 b6 x:30 n6/48");
+    Refresh();
+    CurrentSymbol_Set(KEYSIG, 2, 64);
+    Click(15, 0);
+    EXPECT_EQ(Read(1), "key:0 n3/48 key:2 #5 n5/48") << "B flat is A sharp, and the flat has gone";
+    Score_EmptyStaffs();
+    Write(1, "key:0 x:10 n3/48 x:28 b6 x:30 n6/48");
+    Refresh();
+    CurrentSymbol_Set(KEYSIG, 2);
+    Click(15, 0);
+    EXPECT_EQ(Read(1), "key:0 n3/48 key:2 b6 n6/48") << "one that doesn't leaves all as it is written";
+}
+
 TEST_F(Add, ATieNeedsANoteOnEachSide)
 {
     CurrentSymbol_Set(TIE);
@@ -273,6 +289,98 @@ TEST_F(Add, WithAdjustContinuouslyTheScoreIsLaidOutAndTheElementAheadOfPunctuati
     Element const* const pelAhead = Click(At(1, 5)->lStrX, 0);
     EXPECT_EQ(pelAhead->sort, NOTE);
     EXPECT_EQ(pelAhead->lDiaPitch, 5);
+    CurrentSymbol_Set(CLEF, 3);
+    Element const* const pelAheadOfClef = Click(At(1, 3)->lStrX, 0);
+    EXPECT_EQ(Read(1), "clef:1 time:2/4 n4/48 clef:3 n-7/48 | n-6/48 n-5/48 |");
+    EXPECT_EQ(pelAheadOfClef, At(1, 2));
+}
+
+TEST_F(Add, AtTheEndOfTheStaffTheVolumeIsLookedForAheadOfTheLastElement)
+{
+    Write(1, "x:5 vol:40 x:10 n4/48 x:12 vol:94");
+    Refresh();
+    CurrentSymbol_SetNote(48);
+    EXPECT_EQ(Click(20, 6)->lB, 40) << "the last element itself isn't looked at";
+}
+
+TEST_F(Add, TheClefOfAPlaceIsTheOneAheadOfIt)
+{
+    Write(1, "x:5 clef:3 x:20 clef:1 x:30 n4/48");
+    Refresh();
+    CurrentSymbol_SetNote(48);
+    EXPECT_EQ(Click(20, 6)->lDiaPitch, -6) << "ahead of the treble clef";
+    EXPECT_EQ(Click(25, 6)->lDiaPitch, 6);
+    EXPECT_EQ(Click(60, 6)->lDiaPitch, 6) << "at the end";
+    Score_EmptyStaffs();
+    Write(1, "x:5 clef:3");
+    EXPECT_EQ(Click(60, 6)->lDiaPitch, -6);
+    Score_EmptyStaffs();
+    Write(1, "x:30 clef:3");
+    EXPECT_EQ(Click(10, 6)->lDiaPitch, 6) << "nothing ahead counts as treble";
+}
+
+TEST_F(Add, ANoteSoundsByTheKeyTheAccidentalAndTheTransposition)
+{
+    Write(1, "x:5 key:1 x:10 n3/48 x:40 =3 x:42 n3/48 x:50 | x:60 trans:12");
+    Refresh();
+    CurrentSymbol_SetNote(48);
+    EXPECT_EQ(Click(20, 3)->lPitch, 66);
+    EXPECT_EQ(Click(45, 3)->lPitch, 65);
+    EXPECT_EQ(Click(55, 3)->lPitch, 66);
+    EXPECT_EQ(Click(70, 3)->lPitch, 78);
+}
+
+TEST_F(Add, AKeySignatureAtTheHeadReplacesC)
+{
+    Write(1, "x:30 key:2 n4/48");
+    Refresh();
+    CurrentSymbol_Set(KEYSIG, -1);
+    EXPECT_EQ(Click(10, 0)->lB, 0);
+}
+
+TEST_F(Add, ALongTextOfTheCurrentSymbolComesAlongWhole)
+{
+    CurrentSymbol_SetWriting(WRITE_TEXT);
+    CurrentSymbol_SetText(std::string(1000, 'w'));
+    Element const* const pel = Click(20, 5);
+    EXPECT_EQ(Element_Text(pel), std::string(1000, 'w'));
+    EXPECT_EQ(pel->storage, 1100);
+    EXPECT_TRUE(Messages().empty());
+}
+
+TEST_F(Add, ASymbolAddedOnAnotherStaffBelongsToThatOne)
+{
+    SetStaffCount(2);
+    CurrentSymbol_SetNote(48);
+    Element const* const pel = Click(20, 4, 2);
+    EXPECT_EQ(Read(1), "");
+    EXPECT_EQ(Read(2), "n4/48");
+    EXPECT_EQ(pel->lStaff, 2);
+    SetStaffCount(1);
+}
+
+TEST_F(Add, WhatIsAddedStandsOnThePageAtOnce)
+{
+    Write(1, "x:5 clef:3");
+    Refresh();
+    CurrentSymbol_SetNote(48);
+    Element const* const pel = Click(20, 4);
+    int32_t x = 0;
+    int32_t y = 0;
+    Draw_Fold(20, 4, 1, 1, &x, &y);
+    EXPECT_EQ(pel->lX, x);
+    EXPECT_EQ(pel->lY, y);
+}
+
+TEST_F(Add, ATiesPlaceInAChordIsTheWholeChord)
+{
+    Write(1, "x:10 [n0/48 n2/48] x:20 [n2/48 n4/48]");
+    Refresh();
+    CurrentSymbol_Set(TIE);
+    Element const* const pel = Click(15, 0);
+    EXPECT_EQ(pel, At(1, 3));
+    EXPECT_EQ(Read(1), "[n0/48 n2/48/flag=1] tie [n2/48/flag=2 n4/48]");
+    EXPECT_EQ(At(1, 2)->lDiaPitch, -2);
 }
 
 TEST_F(Add, LongTextOnASortWithoutTextIsToldAndAddedAllTheSame)

@@ -7,7 +7,9 @@
 #include "edit/neighbours.h"
 #include "layout/adjust.h"
 #include "layout/place.h"
+#include "platform/headless/recording_surface.h"
 #include "render/geometry.h"
+#include "render/ruling.h"
 #include "support/score_text.h"
 #include "support/scripted_process.h"
 
@@ -223,6 +225,147 @@ TEST_F(Delete, WithAdjustContinuouslyTheScoreIsLaidOutButNotForSigns)
         << "a bar that was deleted stays away till the next edit";
     EXPECT_EQ(Remove(At(1, 2)), 1);
     EXPECT_EQ(Read(1), "clef:1 time:2/4 n5/48 n6/48 | n7/48");
+}
+
+TEST_F(Delete, AChordIsClosedUpOverWhatStandsBetweenItsNotes)
+{
+    Write(1, "n2/48/flag=4 #4 n4/48/flag=12 n6/48/flag=8");
+    Remove(At(1, 0));
+    EXPECT_EQ(Read(1), "#4 [n4/48 n6/48]");
+}
+
+TEST_F(Delete, TheNearestTieOfATiedNoteGoesAndNoOther)
+{
+    Write(1, "n4/48/flag=1 tie n4/48/flag=3 tie n4/48/flag=3 tie n4/48/flag=2");
+    Remove(At(1, 2));
+    EXPECT_EQ(Read(1), "n4/48 n4/48/flag=1 tie n4/48/flag=2");
+}
+
+TEST_F(Delete, ATieBetweenChordsGoesWithAnyOfItsNotes)
+{
+    Write(1, "[n2/48/flag=1 n4/48/flag=1] tie [n2/48/flag=2 n4/48/flag=2]");
+    Remove(At(1, 1));
+    EXPECT_EQ(Read(1), "n2/48 [n2/48 n4/48]");
+}
+
+TEST_F(Delete, CursorsOnATieThatGoesAlongStepOff)
+{
+    Write(1, "n4/48 n4/48/flag=1 tie n4/48/flag=2");
+    pelInsertPoint = pelMarkBegin = pelMarkEnd = pelHighlight = At(1, 2);
+    Remove(At(1, 3));
+    EXPECT_EQ(Read(1), "n4/48 n4/48");
+    EXPECT_EQ(pelInsertPoint, At(1, 1));
+    EXPECT_EQ(pelHighlight, nullptr);
+}
+
+TEST_F(Delete, AClefThatRepeatsTheOneInForceShiftsNothing)
+{
+    Write(1, "clef:3 n-8/48 clef:3 n-9/48");
+    Remove(At(1, 2));
+    EXPECT_EQ(Read(1), "clef:3 n-8/48 n-9/48");
+}
+
+TEST_F(Delete, AClefAtTheHeadGivesWayToTreble)
+{
+    Write(1, "clef:2 n0/48 #1 r48 clef:1 n4/48");
+    Remove(At(1, 0));
+    EXPECT_EQ(Read(1), "n6/48 #7 r48 clef:1 n4/48");
+}
+
+TEST_F(Delete, ABeamedNoteAsksForARepaintAndAPlainOneDoesNot)
+{
+    Write(1, "n4/24 n5/24 n6/24 r48");
+    At(1, 0)->beam = BEAM_FIRST;
+    At(1, 1)->beam = BEAM_LAST;
+    EXPECT_EQ(Remove(At(1, 0)), 1);
+    EXPECT_EQ(Remove(At(1, 1)), 0);
+    EXPECT_EQ(Remove(At(1, 1)), 0);
+}
+
+TEST_F(Delete, WithoutLeaveTheScoreIsNotLaidOut)
+{
+    bAutoLayout = true;
+    Write(1, "clef:1 time:2/4 n4/48 n5/48 n6/48");
+    EXPECT_EQ(DeleteElement(nullptr, nullptr, At(1, 2), false), 0);
+    EXPECT_EQ(Read(1), "clef:1 time:2/4 n5/48 n6/48");
+    EXPECT_EQ(DeleteElement(nullptr, nullptr, At(1, 2), true), 1);
+    EXPECT_TRUE(bTimesValid) << "it has been laid out";
+}
+
+TEST_F(Delete, SignsAndTiesDontAskForALayoutAndOthersDo)
+{
+    bAutoLayout = true;
+    struct
+    {
+        char const* sSign;
+        bool bLayout;
+    } const aCase[] = {{"|", false},       {"clef:3", false},   {"key:1", false}, {"tie", false},
+                       {"sp", false},      {"||", true},        {"r48", true},    {"#4", true},
+                       {"time:3/4", true}, {"lyr\"la\"", true}, {"nl", true},     {"vol:64", true}};
+    for (auto const& c : aCase)
+    {
+        Score_EmptyStaffs();
+        Write(1, std::string("clef:1 n4/48 ") + c.sSign + " n4/48");
+        Remove(At(1, 2));
+        EXPECT_EQ(bTimesValid, c.bLayout) << c.sSign;
+    }
+}
+
+TEST_F(Delete, ASlurLeavesTheCurrentSymbolAloneEvenInEditMode)
+{
+    bEditMode = true;
+    CurrentSymbol_SetNote(24);
+    Write(1, "slur( n4/48 slur)");
+    Remove(At(1, 2));
+    EXPECT_EQ(elCurrent.sort, NOTE);
+    EXPECT_EQ(elCurrent.lDuration, 24);
+}
+
+TEST_F(Delete, WithoutEditModeTheCurrentSymbolStays)
+{
+    CurrentSymbol_SetNote(24);
+    Write(1, "r48");
+    Remove(At(1, 0));
+    EXPECT_EQ(elCurrent.sort, NOTE);
+}
+
+TEST_F(Delete, OfALongTextEditModeTakesAPlainRecord)
+{
+    bEditMode = true;
+    Write(1, "text\"a long text\" chord\"Am\"");
+    Remove(At(1, 0));
+    EXPECT_EQ(elCurrent.sort, TEXT);
+    EXPECT_EQ(elCurrent.storage, cbPlainElement);
+    EXPECT_EQ(Element_Text(&elCurrent), "a long ");
+    Remove(At(1, 0));
+    EXPECT_EQ(Element_Text(&elCurrent), "Am");
+    EXPECT_EQ(elCurrent.lA, 2);
+}
+
+TEST_F(Delete, TheFirstOfAStaffLeavesTheHeadAsItsPlace)
+{
+    Write(1, "n4/48 n5/48");
+    Remove(At(1, 0));
+    EXPECT_EQ(pelUndoPlace, nullptr);
+    EXPECT_EQ(lUndoState, UNDO_DELETE);
+}
+
+TEST_F(Delete, WhatIsDeletedIsErasedInWhiteAndItsStaffRuledAgain)
+{
+    hwndMain = process.user.CreateMainWindow("Zarn", nullptr);
+    Write(1, "x:20 n4/48");
+    ReGrid();
+    RecordingSurface surface{{1200, 720}};
+    DeviceContext dc{.pSurface = &surface};
+    SelectObject(&dc, GetStockObject(BLACK_BRUSH));
+    RuleLine(&dc, hwndMain, 20); // as a paint has left it
+    surface.aLines.clear();
+    DeleteElement(&dc, hwndMain, At(1, 0), true);
+    constexpr size_t cStaffLines = 5;
+    ASSERT_GT(surface.aLines.size(), cStaffLines);
+    for (size_t n = 0; n < surface.aLines.size(); ++n)
+        EXPECT_EQ(surface.aLines[n].find("#ffffff") != std::string::npos, n + cStaffLines < surface.aLines.size())
+            << surface.All();
 }
 
 TEST_F(Delete, AtThePointerTheNearestGoesAndThePointerTakesItsPlaceAmongTheNeighbours)

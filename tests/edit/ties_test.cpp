@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 namespace zarn
 {
 namespace
@@ -71,6 +73,82 @@ TEST_F(Ties, ATieRunsOverABarButNotOverARepeatEndOrARest)
         AddTieAtInsertPoint();
         EXPECT_EQ(LastMessage(), c.sMessage) << c.sScore;
     }
+}
+
+TEST_F(Ties, EachSortIsPassedOrStopsTheWalkItsWay)
+{
+    enum class Way
+    {
+        BOTH,
+        BACK,
+        NONE
+    };
+    std::map<int32_t, Way> ways;
+    for (int32_t const sort : {BAR,    DOUBLEBAR,   CLEF,  KEYSIG, SHARP, FLAT,  NATURAL, TIMESIG, SPACE, CHORD,
+                               LYRICS, REPEATSTART, TEMPO, VOLUME, ABC,   TITLE, TEXT,    ANNOT,   SLUR,  BOWING})
+        ways[sort] = Way::BOTH;
+    for (int32_t const sort : {NEWLINE, REPEATFIRST, ARPEGSTART, ARPEGEND})
+        ways[sort] = Way::BACK;
+    std::initializer_list<int32_t> const aStops = {NOSORT,    REST,   REPEATEND, REPEATENDSTART, TIE, INSTRUMENT,
+                                                   TRANSPOSE, SORT22, MARKBEGIN, MARKEND,        35,  -1};
+    for (int32_t const sort : aStops)
+        ways[sort] = Way::NONE;
+    ASSERT_EQ(ways.size(), 36U);
+    Staff("n0/48 | n0/48");
+    for (auto const& [sort, way] : ways)
+    {
+        At(1, 1)->sort = sort;
+        EXPECT_EQ(TiePrevNote(At(1, 2)), way == Way::NONE ? nullptr : At(1, 0)) << sort;
+        EXPECT_EQ(TieNextNote(At(1, 0)), way == Way::BOTH ? At(1, 2) : nullptr) << sort;
+    }
+}
+
+TEST_F(Ties, ARepeatEndIsNoPlaceForATie)
+{
+    for (int32_t const sort : {REPEATEND, REPEATENDSTART})
+    {
+        Score_EmptyStaffs();
+        process.user.shown.clear();
+        Serious_Rearm();
+        Staff("n0/48 :| n0/48");
+        At(1, 1)->sort = sort;
+        EXPECT_EQ(TieCheck(At(1, 1), true), 0) << sort;
+        EXPECT_EQ(LastMessage(), "Can't tie - no following note") << sort;
+        EXPECT_EQ(TieCheck(At(1, 2), true), 0) << sort;
+    }
+}
+
+TEST_F(Ties, AheadOfABarOrOfALinesEndATieIsLegal)
+{
+    Staff("n0/48 | n0/48 nl n0/48");
+    EXPECT_EQ(TieCheck(At(1, 1), true), 1);
+    EXPECT_EQ(TieCheck(At(1, 3), true), 1);
+    EXPECT_EQ(LastMessage(), "");
+}
+
+TEST_F(Ties, WithoutAFollowingNoteTheTieIsAMessageToo)
+{
+    Staff("n0/48 |");
+    EXPECT_EQ(TieNotes(At(1, 1)), 0);
+    EXPECT_EQ(LastMessage(), "Tie bug 'null pel 2', tell Odrian");
+    EXPECT_EQ(Read(1), "n0/48 |");
+    TieBreak(At(1, 1));
+    TieBreak(nullptr);
+    EXPECT_EQ(process.user.shown.size(), 1U) << "breaking says nothing";
+}
+
+TEST_F(Ties, ChordsWithNothingInCommonAreToldEvenWhenQuiet)
+{
+    Staff("n0/48 n1/48");
+    EXPECT_EQ(TieCheck(At(1, 1), false), 0);
+    EXPECT_EQ(LastMessage(), "These chords have nothing in common.  Can only tie notes of same pitch.");
+}
+
+TEST_F(Ties, BreakingATieLeavesTheFlagsOfItsNeighbours)
+{
+    Staff("n0/48/flag=1 tie n0/48/flag=3 tie n0/48/flag=2");
+    TieBreak(At(1, 1));
+    EXPECT_EQ(Read(1), "n0/48 tie n0/48/flag=1 tie n0/48/flag=2");
 }
 
 TEST_F(Ties, APlaceThatIsARestHasNoFollowingNote)

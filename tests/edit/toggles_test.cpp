@@ -4,6 +4,7 @@
 #include "core/messages.h"
 #include "edit/current_symbol.h"
 #include "layout/place.h"
+#include "platform/headless/recording_surface.h"
 #include "render/geometry.h"
 #include "support/score_text.h"
 #include "support/scripted_process.h"
@@ -96,6 +97,90 @@ TEST_F(Toggles, StaccatoAndOrnamentFlipInEveryNoteOfAChordAndNowhereElse)
     EXPECT_EQ(Column(1, &Element::lA), "100 40 0");
     EXPECT_EQ(ToggleOrnament(At(1, 2)), 0);
     EXPECT_EQ(At(1, 2)->lA, 0);
+}
+
+TEST_F(Toggles, ADotIsForNotesAndRestsAlone)
+{
+    Write(1, "| n4/48");
+    At(1, 0)->lDuration = 48;
+    EXPECT_EQ(ToggleDot(At(1, 0)), 0);
+    EXPECT_EQ(ToggleTriplet(At(1, 0)), 0);
+    EXPECT_EQ(Column(1, &Element::lDuration), "48 48");
+}
+
+TEST_F(Toggles, AccidentalsBetweenTheNotesOfAChordArePassedOver)
+{
+    Write(1, "n2/48/flag=4 #4 n4/48/flag=8");
+    EXPECT_EQ(ToggleDot(At(1, 2)), 1);
+    EXPECT_EQ(Column(1, &Element::lDuration), "72 0 72");
+    EXPECT_EQ(ToggleStaccato(At(1, 0)), 1);
+    EXPECT_EQ(Column(1, &Element::lA), "68 0 72");
+}
+
+TEST_F(Toggles, ATripletTakesEachNoteOfAChordAndARest)
+{
+    Write(1, "[n2/48 n4/32] r24");
+    EXPECT_EQ(ToggleTriplet(At(1, 1)), 1);
+    EXPECT_EQ(ToggleTriplet(At(1, 2)), 0);
+    EXPECT_EQ(Column(1, &Element::lDuration), "32 48 16");
+    EXPECT_EQ(ToggleTriplet(nullptr), 0);
+}
+
+TEST_F(Toggles, ARestAtThePointerTakesNoStaccatoAndTheScoreHasNotChanged)
+{
+    hwndMain = process.user.CreateMainWindow("Zarn", nullptr);
+    for (auto* const pToggle : {ToggleStaccatoAtMouse, ToggleOrnamentAtMouse})
+    {
+        Score_EmptyStaffs();
+        Write(1, "x:10 r48");
+        ReGrid();
+        bScoreDirty = false;
+        process.user.pWindow->bRepaintOwed = false;
+        pToggle(nullptr, hwndMain, At(1, 0)->lX, At(1, 0)->lY);
+        EXPECT_EQ(At(1, 0)->lA, 0);
+        EXPECT_FALSE(bScoreDirty);
+        EXPECT_TRUE(process.user.pWindow->bRepaintOwed);
+        EXPECT_TRUE(Messages().empty());
+    }
+}
+
+TEST_F(Toggles, WhatComesOnToOneNoteIsDrawnOverItAndAllElseAsksForARepaint)
+{
+    struct
+    {
+        void (*pToggle)(HDC, HWND, int32_t, int32_t);
+        char const *sOn, *sOff;
+    } const aCase[] = {{ToggleDotAtMouse, "x:10 n4/48", "x:10 n4/72"},
+                       {ToggleTripletAtMouse, "x:10 n4/48", "x:10 n4/32"},
+                       {ToggleStaccatoAtMouse, "x:10 n4/48", "x:10 n4/48/flag=64"},
+                       {ToggleOrnamentAtMouse, "x:10 n4/48", "x:10 n4/48/flag=32"}};
+    hwndMain = process.user.CreateMainWindow("Zarn", nullptr);
+    for (auto const& c : aCase)
+        for (char const* sScore : {c.sOn, c.sOff, "x:10 [n4/48 n6/48]"})
+        {
+            Score_EmptyStaffs();
+            Write(1, sScore);
+            ReGrid();
+            RecordingSurface surface{{1200, 720}};
+            DeviceContext dc{.pSurface = &surface};
+            process.user.pWindow->bRepaintOwed = false;
+            c.pToggle(&dc, hwndMain, At(1, 0)->lX, At(1, 0)->lY);
+            EXPECT_EQ(process.user.pWindow->bRepaintOwed, sScore != c.sOn) << sScore;
+            EXPECT_EQ(surface.aLines.empty(), sScore != c.sOn) << sScore;
+        }
+}
+
+TEST_F(Toggles, ADotAtThePointerIsLaidOutAndATripletIsNot)
+{
+    bAutoLayout = true;
+    for (bool const bDot : {true, false})
+    {
+        Score_EmptyStaffs();
+        Write(1, "x:10 n4/48");
+        ReGrid();
+        (bDot ? ToggleDotAtMouse : ToggleTripletAtMouse)(nullptr, nullptr, At(1, 0)->lX, At(1, 0)->lY);
+        EXPECT_EQ(bTimesValid, bDot);
+    }
 }
 
 TEST_F(Toggles, NothingIsTold)
