@@ -122,7 +122,9 @@ static void AppendToClipboard(Element const* pel)
 static bool CutRange(HDC hdc, HWND hwnd, KeptCursor const& ahead)
 {
     InForce inForce{ClefAt(pelMarkBegin), KeyAt(ahead.pel)};
-    // Deleting may take more than the one element: a slur's partner, a tie further on.
+    // Deleting may take more than the one element: a slur's partner, a tie further on. An end that lies ahead of the
+    // begin is never met, and the staff's end is the end then.
+    bool const bInOrder = List_InOrder(pelMarkBegin, pelMarkEnd) != 0;
     KeptCursor const last(pelMarkEnd);
     bool bRepaint = false;
     for (Element* pel = pelMarkBegin; pel;)
@@ -138,7 +140,7 @@ static bool CutRange(HDC hdc, HWND hwnd, KeptCursor const& ahead)
         }
         KeptCursor const next(pelNext);
         bRepaint = DeleteElement(hdc, hwnd, pel, false) != 0 || bRepaint;
-        if (bStop || last.pel == ahead.pel)
+        if (bStop || (bInOrder && last.pel == ahead.pel))
             break;
         pel = next.pel == pelNext ? pelNext : next.pel ? Next(next.pel) : StaffFirst(lUndoStaff);
     }

@@ -206,6 +206,238 @@ TEST_F(Clipboard, ARangeThroughAChordHoldsAWholeOne)
     EXPECT_EQ(Held(), "[n4/48 n6/48] n1/48");
 }
 
+TEST_F(Clipboard, PartOfATiedChordIsCopiedWithoutItsTies)
+{
+    Write(1, "n4/48/flag=1 tie [n2/48 n4/48/flag=3 n6/48] tie n4/48/flag=2");
+    Mark(2, 3);
+    Copy();
+    EXPECT_EQ(Held(), "[n2/48 n4/48]");
+    Mark(3, 4);
+    Copy();
+    EXPECT_EQ(Held(), "[n4/48 n6/48]");
+    Mark(3, 3);
+    Copy();
+    EXPECT_EQ(Held(), "n4/48");
+    EXPECT_TRUE(Messages().empty());
+}
+
+TEST_F(Clipboard, ATieBetweenTheChordsAtBothEndsStays)
+{
+    Write(1, "n2/48/flag=1 tie [n2/48/flag=3 n4/48/flag=1] tie [n2/48/flag=3 n4/48/flag=2] tie n2/48/flag=2");
+    Mark(2, 6);
+    Copy();
+    EXPECT_EQ(Held(), "[n2/48/flag=1 n4/48/flag=1] tie [n2/48/flag=2 n4/48/flag=2]");
+}
+
+TEST_F(Clipboard, PastingNothingLeavesUndoAsItWas)
+{
+    Write(1, "x:10 n4/48 x:20 n5/48");
+    List_Clear(listClipboard);
+    lUndoState = UNDO_NOTHING;
+    Paste(15);
+    EXPECT_EQ(lUndoState, UNDO_NOTHING);
+}
+
+TEST_F(Clipboard, AHiddenStaffTakesNoPaste)
+{
+    Write(1, "x:10 n4/48");
+    Mark(0, 0);
+    Copy();
+    abStaffVisible[1] = false;
+    Paste(15);
+    abStaffVisible[1] = true;
+    EXPECT_EQ(Read(1), "n4/48");
+}
+
+// The range that such a paste can be undone in ends ahead of what was the last element of the staff.
+TEST_F(Clipboard, TheUndoOfAPasteAtTheHeadTakesAllButTheLast)
+{
+    Write(1, "x:10 n4/48 x:20 n5/48 x:30 n6/48");
+    Mark(2, 2);
+    Copy();
+    Paste(5);
+    EXPECT_EQ(Read(1), "n6/48 n4/48 n5/48 n6/48");
+    EXPECT_EQ(pelUndoPlace, At(1, 0));
+    EXPECT_EQ(pelUndoEnd, At(1, 2));
+    Undo(nullptr, nullptr);
+    EXPECT_EQ(Read(1), "n6/48");
+}
+
+TEST_F(Clipboard, APasteIntoAnEmptyStaffIsAllOfIt)
+{
+    SetStaffCount(2);
+    Write(1, "x:10 n4/48 x:20 n5/48");
+    Mark(0, 1);
+    Copy();
+    Paste(5, 2);
+    EXPECT_EQ(Read(2), "n4/48 n5/48");
+    EXPECT_EQ(pelUndoPlace, At(2, 0));
+    EXPECT_EQ(pelUndoEnd, At(2, 1));
+    SetStaffCount(1);
+}
+
+TEST_F(Clipboard, WhatIsPastedTakesTheVolumeAndTheKeyOfItsPlace)
+{
+    Write(1, "x:10 vol:30 x:12 n4/48 x:14 key:2 x:20 n5/48 x:30 n6/48");
+    At(1, 3)->lB = 99;
+    Mark(1, 3);
+    Copy();
+    Paste(35);
+    EXPECT_EQ(Read(1), "vol:30 n4/48 key:2 n5/48 n6/48 n4/48 key:2,2 n5/48");
+    EXPECT_EQ(At(1, 5)->lB, 30);
+    EXPECT_EQ(At(1, 7)->lB, 30);
+}
+
+TEST_F(Clipboard, APastedTieIsNotAskedWhatItJoins)
+{
+    Write(1, "x:10 n4/48/flag=1 x:12 tie x:14 n4/48/flag=2 x:20 n6/48");
+    At(1, 1)->lDiaPitch = 3;
+    Mark(0, 2);
+    Copy();
+    Paste(25);
+    EXPECT_EQ(Read(1), "n4/48/flag=1 tie n4/48/flag=2 n6/48 n4/48/flag=1 tie n4/48/flag=2");
+    EXPECT_EQ(At(1, 5)->lDiaPitch, 3);
+    EXPECT_TRUE(Messages().empty());
+}
+
+TEST_F(Clipboard, WithContinuousAdjustingAPasteIsLaidOut)
+{
+    bAutoLayout = true;
+    Write(1, "clef:1 x:10 n4/48 x:20 n5/48");
+    Mark(1, 1);
+    Copy();
+    Paste(25);
+    EXPECT_TRUE(bTimesValid);
+}
+
+TEST_F(Clipboard, AnUndoneNoteOfAChordTakesTheStemOfTheNoteAhead)
+{
+    Write(1, "clef:1 [n2/48 n4/48]");
+    DeleteElement(nullptr, nullptr, At(1, 2), true);
+    At(1, 1)->up = 0;
+    ReinsertElement(At(1, 1), List_LastAs<Element>(listUndo), 0);
+    EXPECT_EQ(Read(1), "clef:1 [n2/48 n4/48]");
+    EXPECT_EQ(At(1, 2)->up, 0);
+}
+
+TEST_F(Clipboard, ASingleNoteThatComesBackJoinsNobody)
+{
+    Write(1, "clef:1 n2/48 n4/48");
+    DeleteElement(nullptr, nullptr, At(1, 2), true);
+    ReinsertElement(At(1, 1), List_LastAs<Element>(listUndo), 0);
+    EXPECT_EQ(Read(1), "clef:1 n2/48 n4/48");
+}
+
+TEST_F(Clipboard, ATieComesBackAndIsRefusedWhenItsNotesHaveGone)
+{
+    Write(1, "clef:1 time:4/4 n4/48/flag=1 tie n4/48/flag=2");
+    At(1, 2)->lPitch = At(1, 4)->lPitch = 67;
+    DeleteElement(nullptr, nullptr, At(1, 3), true);
+    Undo(nullptr, nullptr);
+    EXPECT_EQ(Read(1), "clef:1 time:4/4 n4/48/flag=1 tie n4/48/flag=2");
+    EXPECT_EQ(At(1, 3)->lDiaPitch, 2);
+    DeleteElement(nullptr, nullptr, At(1, 3), true);
+    At(1, 3)->lPitch = 66;
+    Undo(nullptr, nullptr);
+    EXPECT_EQ(Messages(),
+              std::vector<std::string>{"These chords have nothing in common.  Can only tie notes of same pitch."});
+    Undo(nullptr, nullptr);
+    EXPECT_EQ(Read(1), "clef:1 time:4/4 n4/48 n4/48") << "the note ahead of the tie stays";
+    EXPECT_EQ(lUndoState, UNDO_NOTHING);
+}
+
+TEST_F(Clipboard, ADeletedClefAndKeyComeBackWithWhatTheyDoToTheRest)
+{
+    Write(1, "clef:1 n4/48 clef:3 n-8/48 key:2 n-8/48");
+    DeleteElement(nullptr, nullptr, At(1, 2), true);
+    EXPECT_EQ(Read(1), "clef:1 n4/48 n4/48 key:2 n4/48");
+    ReinsertElement(pelUndoPlace, List_LastAs<Element>(listUndo), 0);
+    EXPECT_EQ(Read(1), "clef:1 n4/48 clef:3 n-8/48 key:2 n-8/48");
+}
+
+TEST_F(Clipboard, TheUndoOfACutBringsItBackWhereItStoodAndNothingElseIsMarked)
+{
+    Write(1, "clef:1 time:4/4 n1/48 n2/48 n3/48 n4/48");
+    Mark(3, 4);
+    Cut(nullptr, nullptr);
+    DeleteElement(nullptr, nullptr, At(1, 3), false);
+    EXPECT_EQ(lUndoState, UNDO_DELETE);
+    Undo(nullptr, nullptr);
+    Mark(3, 3);
+    Cut(nullptr, nullptr);
+    EXPECT_EQ(Held(), "n4/48");
+    Undo(nullptr, nullptr);
+    EXPECT_EQ(Read(1), "clef:1 time:4/4 n1/48 n4/48");
+    EXPECT_EQ(pelMarkBegin, At(1, 3));
+    EXPECT_EQ(pelMarkEnd, At(1, 3));
+    EXPECT_TRUE(List_IsEmpty(listUndo));
+    EXPECT_TRUE(bTimesValid) << "it has been laid out";
+}
+
+TEST_F(Clipboard, AMarkElsewhereOutlivesTheUndoOfAPaste)
+{
+    Write(1, "x:10 n4/48 x:20 n5/48 x:30 n6/48");
+    Mark(1, 1);
+    Copy();
+    Mark(0, 0);
+    Paste(35);
+    Undo(nullptr, nullptr);
+    EXPECT_EQ(pelMarkBegin, At(1, 0));
+    EXPECT_EQ(pelMarkEnd, At(1, 0));
+    EXPECT_EQ(lUndoState, UNDO_NOTHING);
+    EXPECT_EQ(Held(), "n5/48");
+}
+
+TEST_F(Clipboard, ACutOfPlainNotesIsNotLaidOutUnlessAdjustingIsContinuous)
+{
+    for (bool const bAuto : {false, true})
+    {
+        Score_EmptyStaffs();
+        bAutoLayout = bAuto;
+        Write(1, "clef:1 n4/48 n5/48 n6/48");
+        Mark(2, 2);
+        Cut(nullptr, nullptr);
+        EXPECT_EQ(bTimesValid, bAuto);
+        EXPECT_EQ(bAutoLayout, bAuto);
+    }
+}
+
+TEST_F(Clipboard, TheUndoPlaceOfACutStandsBehindAnyPunctuation)
+{
+    Write(1, "n4/48 | clef:1 n5/48 n6/48");
+    Mark(3, 3);
+    Cut(nullptr, nullptr);
+    EXPECT_EQ(pelUndoPlace, At(1, 0));
+    Score_EmptyStaffs();
+    Write(1, "clef:1 n5/48 n6/48");
+    Mark(1, 1);
+    Cut(nullptr, nullptr);
+    EXPECT_EQ(pelUndoPlace, At(1, 0)) << "with nothing but punctuation, the element ahead";
+}
+
+TEST_F(Clipboard, AMarkOutOfOrderIsToldAndCutToTheEnd)
+{
+    Write(1, "n4/48 n5/48 n6/48");
+    Mark(1, 0);
+    Cut(nullptr, nullptr);
+    EXPECT_EQ(Messages(), std::vector<std::string>{"Duff mark bug"});
+    EXPECT_EQ(Read(1), "n4/48");
+}
+
+TEST_F(Clipboard, ANewLineAsCurrentSymbolForgetsTheSavedOne)
+{
+    CurrentSymbol_SetNote(24);
+    Mark_SetBeginSymbol();
+    CurrentSymbol_Set(NEWLINE);
+    MarkEndAt(nullptr, 10, 10);
+    EXPECT_EQ(elCurrent.sort, NEWLINE);
+    CurrentSymbol_SetNote(12);
+    Mark_SetBeginSymbol();
+    CurrentSymbol_Set(BAR);
+    MarkEndAt(nullptr, 10, 10);
+    EXPECT_EQ(elCurrent.lDuration, 12) << "any other symbol doesn't";
+}
+
 TEST_F(Clipboard, LoneSlursStayBehindAndPairsAreLinkedAnew)
 {
     Write(1, "x:1 n1/48 x:10 slur( x:11 n4/48 x:20 slur) x:30 n5/48 x:40 slur( x:41 n6/48 x:50 slur)");

@@ -180,6 +180,60 @@ TEST_F(Insert, AChordNoteTakesTheStemOfItsChord)
     EXPECT_EQ(At(1, 1)->up, 1);
 }
 
+TEST_F(Insert, AChordNoteTakesThePitchThatItIsGiven)
+{
+    AddChordNote(4, true);
+    AddChordNote(7, false);
+    AddChordNote(2, false);
+    EXPECT_EQ(At(1, 0)->lPitch, 62);
+    EXPECT_EQ(At(1, 2)->lPitch, 67);
+}
+
+TEST_F(Insert, AChordNoteAboveTakesTheStemOfTheNotesBelow)
+{
+    AddChordNote(2, true);
+    pelInsertPoint->up = 0;
+    AddChordNote(9, false);
+    AddChordNote(0, false);
+    EXPECT_EQ(Column(1, &Element::up), "0 0 0");
+}
+
+TEST_F(Insert, TheInsertPointGoesToWhatStandsAtOrAheadOfAPlace)
+{
+    SetWindowUnits({0, 0, 1200, 720});
+    SetStaffCount(2);
+    Write(1, "x:10 n0/24 x:20 n1/24");
+    Write(2, "x:10 n2/24 x:20 n3/24 x:30 n4/24");
+    lInsertStaff = 1;
+    struct
+    {
+        int32_t lStrX;
+        Element const* pel;
+    } const aCase[] = {{9, nullptr}, {10, At(2, 0)}, {19, At(2, 0)}, {20, At(2, 1)}, {90, At(2, 2)}};
+    for (auto const& c : aCase)
+    {
+        int32_t x = 0;
+        int32_t y = 0;
+        Draw_Fold(c.lStrX, 4, 2, 1, &x, &y);
+        MoveInsertPoint(x, y);
+        EXPECT_EQ(pelInsertPoint, c.pel) << c.lStrX;
+        EXPECT_EQ(lInsertStaff, 1);
+    }
+}
+
+TEST_F(Insert, ClosingASlurDisablesCutAndCopy)
+{
+    hwndMain = process.user.CreateMainWindow("Zarn", nullptr);
+    for (int32_t const lCommand : {51, 52})
+        EnableMenuItem(hwndMain, lCommand, true);
+    AddNote(0);
+    SlurOpen();
+    AddNote(1);
+    SlurClose();
+    for (int32_t const lCommand : {51, 52})
+        EXPECT_TRUE(process.user.pWindow->IsGrey(lCommand));
+}
+
 TEST_F(Insert, AFurtherNoteWithNoOpenChordBeginsOne)
 {
     AddNote(0);

@@ -156,6 +156,18 @@ TEST_F(Lyrics, WordsOfAStaffStayOnIt)
     EXPECT_EQ(Score_CheckStructure(), std::vector<std::string>());
 }
 
+TEST_F(Lyrics, WhatIsLeftGoesToTheStaffThatTheInsertPointIsOn)
+{
+    Write(1, "clef:1 n0/48");
+    Write(2, "clef:1 n1/48 n2/48");
+    pelInsertPoint = At(2, 1); // as a click on staff 2 leaves it
+    lInsertStaff = 1;
+    PutLyrics(nullptr, nullptr, "+ word", At(1, 1));
+    EXPECT_EQ(Read(1), "clef:1 n0/48");
+    EXPECT_EQ(Read(2), R"(clef:1 n1/48 lyr"word" n2/48)");
+    EXPECT_EQ(Score_CheckStructure(), std::vector<std::string>());
+}
+
 TEST_F(Lyrics, MarkAndUndoMoveAsForAnyDeletionAndUndoBringsOneSyllableBack)
 {
     Write(1, R"(clef:1 r48 lyr"a" n0/48 lyr"b" n1/48)");

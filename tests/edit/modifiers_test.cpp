@@ -126,6 +126,25 @@ TEST(SlurMark, AroundOneElementBracketsItAndTakesTheMarkAlong)
     EXPECT_EQ(lUndoState, UNDO_NOTHING);
 }
 
+TEST(SlurMark, EachEndStandsWhereItsEndOfTheMarkDoes)
+{
+    ScriptedProcess process;
+    Write(2, "x:7 n0/24 x:12 n1/24 x:20 n2/24");
+    At(2, 0)->lTime = 5;
+    At(2, 2)->lTime = 53;
+    At(2, 2)->lX = 160;
+    pelMarkBegin = At(2, 0);
+    pelMarkEnd = At(2, 2);
+    SlurMark();
+    EXPECT_EQ(Read(2), "slur( n0/24 n1/24 n2/24 slur)");
+    EXPECT_EQ(Column(2, &Element::lStrX), "7 7 12 20 20");
+    EXPECT_EQ(At(2, 0)->lTime, 5);
+    EXPECT_EQ(At(2, 4)->lTime, 53);
+    EXPECT_EQ(At(2, 4)->lX, 160);
+    EXPECT_EQ(At(2, 4)->lStaff, 2);
+    EXPECT_EQ(pelMarkEnd, At(2, 4));
+}
+
 TEST(SlurMark, WithoutAMarkSaysSo)
 {
     ScriptedProcess process;

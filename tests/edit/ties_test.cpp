@@ -144,6 +144,33 @@ TEST_F(Ties, ChordsWithNothingInCommonAreToldEvenWhenQuiet)
     EXPECT_EQ(LastMessage(), "These chords have nothing in common.  Can only tie notes of same pitch.");
 }
 
+TEST_F(Ties, ATieOfChordsIsLookedForFromTheirFirstNotes)
+{
+    Staff("[n0/48 n2/48] [n0/48 n2/48]");
+    EXPECT_EQ(TieNotes(At(1, 3)), -2) << "ahead of an upper note";
+    EXPECT_EQ(Column(1, &Element::lA), "5 9 6 10");
+    TieBreak(At(1, 3));
+    EXPECT_EQ(Column(1, &Element::lA), "4 8 4 8");
+}
+
+TEST_F(Ties, TheMergeEndsWithTheShorterChord)
+{
+    Staff("[n0/48 n2/48 n4/48] n0/48 n4/48");
+    TieSetFlags(At(1, 0), At(1, 3));
+    EXPECT_EQ(Read(1), "[n0/48/flag=1 n2/48 n4/48] n0/48/flag=2 n4/48") << "the note behind is no part of the chord";
+}
+
+TEST_F(Ties, BreakingWithoutANoteOnOneSideLeavesTheOther)
+{
+    Staff("n0/48/flag=1 tie r48 n0/48/flag=2");
+    TieBreak(At(1, 1));
+    EXPECT_EQ(Column(1, &Element::lA), "1 0 0 2");
+    Score_EmptyStaffs();
+    Staff("r48 tie n0/48/flag=2");
+    TieBreak(At(1, 1));
+    EXPECT_EQ(Column(1, &Element::lA), "0 0 2");
+}
+
 TEST_F(Ties, BreakingATieLeavesTheFlagsOfItsNeighbours)
 {
     Staff("n0/48/flag=1 tie n0/48/flag=3 tie n0/48/flag=2");

@@ -53,6 +53,14 @@ TEST_F(Toggles, TheShortestNoteDoesNotComeBack)
     EXPECT_EQ(At(1, 0)->lDuration, 6);
 }
 
+TEST_F(Toggles, ADurationIsMultipliedAheadOfItsDivision)
+{
+    Write(1, "n4/5 n4/7");
+    ToggleDot(At(1, 0));
+    ToggleTriplet(At(1, 1));
+    EXPECT_EQ(Column(1, &Element::lDuration), "7 4");
+}
+
 TEST_F(Toggles, AGraceNoteStaysOne)
 {
     Write(1, "n4/0");
@@ -255,9 +263,14 @@ TEST_F(Toggles, ATripletInABeamedSetUndoesTheBeam)
     ReGrid();
     At(1, 0)->beam = BEAM_FIRST;
     At(1, 1)->beam = BEAM_LAST;
-    ToggleTripletAtMouse(nullptr, nullptr, At(1, 1)->lX, At(1, 1)->lY);
+    hwndMain = process.user.CreateMainWindow("Zarn", nullptr);
+    RecordingSurface surface{{1200, 720}};
+    DeviceContext dc{.pSurface = &surface};
+    process.user.pWindow->bRepaintOwed = false;
+    ToggleTripletAtMouse(&dc, hwndMain, At(1, 1)->lX, At(1, 1)->lY);
     EXPECT_EQ(Column(1, &Element::beam), "0 0");
     EXPECT_EQ(Column(1, &Element::lDuration), "24 16");
+    EXPECT_TRUE(process.user.pWindow->bRepaintOwed) << "the beam has to go";
 }
 } // namespace
 } // namespace zarn
