@@ -12,6 +12,8 @@
 #include "platform/svg.h"
 #include "render/geometry.h"
 #include "render/pages.h"
+#include "tab/tab_text.h"
+#include "tab/tablature.h"
 
 #include <algorithm>
 #include <memory>
@@ -120,7 +122,8 @@ int32_t WriteDocument(std::string const& szPath, PagedSurface& document, PageFor
     return WriteBytes(szPath, sBytes) ? cPages : 0;
 }
 
-bool WriteNative(std::string const& szPath)
+/// A file that a writer of the program fills.
+bool WriteFile(std::string const& szPath, bool (*pWrite)(HFILE hFile))
 {
     HFILE const hFile = _lcreat(szPath);
     if (!hFile)
@@ -128,13 +131,23 @@ bool WriteNative(std::string const& szPath)
         Terminal_Error("the file can't be written there");
         return false;
     }
-    bool const bWritten = Native_Write(hFile) != 0;
+    bool const bWritten = pWrite(hFile);
     if (!_lclose(hFile) || !bWritten)
     {
         Terminal_Error("writing failed; what stood there before is unchanged");
         return false;
     }
     return true;
+}
+
+bool WriteTab(std::string const& szPath)
+{
+    if (!Tab_IsShown())
+    {
+        Terminal_Error("tablature is written with --tablature; NOT yet saved");
+        return false;
+    }
+    return WriteFile(szPath, Tab_SaveText);
 }
 
 /// tune.png, page 2: tune-2.png.
@@ -214,7 +227,9 @@ bool Export_Write(std::string const& szPath, ExportFormat const& format, Documen
     szTerminalFile = szPath;
     std::string const sEnding = FileEnding(szPath);
     if (sEnding == ".zrn")
-        return WriteNative(szPath);
+        return WriteFile(szPath, [](HFILE hFile) { return Native_Write(hFile) != 0; });
+    if (sEnding == ".tab" || sEnding == ".txt")
+        return WriteTab(szPath);
     if (sEnding == ".svg")
     {
         SvgDocument document({format.lWidth, format.lHeight}, format.sTitle);

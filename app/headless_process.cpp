@@ -3,6 +3,7 @@
 
 #include "abc/abc_reader.h"
 #include "app/terminal.h"
+#include "platform/process.h"
 #include "shell/startup.h"
 
 namespace zarn
@@ -10,6 +11,8 @@ namespace zarn
 HeadlessProcess::HeadlessProcess()
 {
     user.pOnShown = Terminal_Shown;
+    if (ErrorIsTerminal() && !bTerminalQuiet)
+        user.pOnProgress = Terminal_Progress;
     host = Host{};
     host.pUser = &user;
     host.pSettings = &settings;

@@ -46,6 +46,8 @@ int32_t Run(zarn::Options const& options)
         return Task_Dump(options);
     case zarn::Task::LIST:
         return Task_List(options);
+    case zarn::Task::FINGERING:
+        return Task_Fingering(options);
     case zarn::Task::REPLAY:
         return Task_Replay(options, DocumentHost);
     case zarn::Task::EDIT:

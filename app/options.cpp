@@ -13,7 +13,7 @@ constexpr int32_t lMostPixels = 20000;
 constexpr int32_t lMostSemitones = 60;
 constexpr int32_t lLeastDpi = 10;
 constexpr int32_t lMostDpi = 2400;
-constexpr char const* aOutputEndings[] = {".zrn", ".pdf", ".svg", ".png"};
+constexpr char const* aOutputEndings[] = {".zrn", ".pdf", ".svg", ".png", ".tab", ".txt"};
 
 bool ReadNumber(std::string const& s, int32_t lLeast, int32_t lMost, int32_t* plNumber)
 {
@@ -70,7 +70,7 @@ struct Reader
         std::string const sEnding = FileEnding(options.sOutput);
         if (std::find(std::begin(aOutputEndings), std::end(aOutputEndings), sEnding) == std::end(aOutputEndings))
             return Fail(options.sOutput +
-                        ": can't write a file with this ending; .zrn, .pdf, .svg and .png can be written");
+                        ": can't write a file with this ending; .zrn, .pdf, .svg, .png, .tab and .txt can be written");
         return true;
     }
 
@@ -136,6 +136,8 @@ struct Reader
             return SetTask(Task::DUMP, sWord);
         if (sWord == "--list")
             return SetTask(Task::LIST, sWord);
+        if (sWord == "--fingering")
+            return SetTask(Task::FINGERING, sWord);
         if (sWord == "--replay")
             return Argument(sWord, &options.sJournal) && SetTask(Task::REPLAY, sWord);
         if (sWord == "--journal")
@@ -148,6 +150,8 @@ struct Reader
             options.bAdjust = true;
         else if (sWord == "--mini-adjust")
             options.bMiniAdjust = true;
+        else if (sWord == "--tablature")
+            options.bTablature = true;
         else if (sWord == "-q" || sWord == "--quiet")
             options.bQuiet = true;
         else
@@ -187,6 +191,7 @@ struct Reader
         case Task::EXPORT:
         case Task::DUMP:
         case Task::LIST:
+        case Task::FINGERING:
             if (cFiles != 1)
                 return Fail(cFiles == 0 ? "there is no file to read"
                                         : "only one file can be read: " + options.aFiles[1]);
@@ -202,8 +207,10 @@ struct Reader
         if (options.bAllTunes && options.task != Task::EXPORT && options.task != Task::CHECK)
             return Fail("--tune all goes with -o or --check");
         bool const bReads = options.task == Task::EXPORT || options.task == Task::CHECK || options.task == Task::DUMP;
-        if (options.lTranspose && !bReads)
-            return Fail("--transpose goes with -o, --check or --dump");
+        if (options.lTranspose && !bReads && options.task != Task::FINGERING)
+            return Fail("--transpose goes with -o, --check, --dump or --fingering");
+        if (options.bTablature && !bReads)
+            return Fail("--tablature goes with -o, --check or --dump");
         return true;
     }
 };
@@ -230,11 +237,13 @@ std::string FileEnding(std::string const& sPath)
 char const* Options_Help()
 {
     return "zarn [FILE]                   open the editor, with a score (.zrn) or an ABC tune (.abc)\n"
-           "zarn -o OUT [options] FILE    convert without a window; OUT ends in .zrn, .pdf, .svg or .png\n"
+           "zarn -o OUT [options] FILE    convert without a window; OUT ends in .zrn, .pdf, .svg, .png,\n"
+           "                              .tab or .txt\n"
            "     --export OUT             the same as -o OUT\n"
            "     --tune N|all             the tune numbered X:N of a many-tune file (default: the first);\n"
            "                              all: one output a tune, its number and title in the name\n"
            "     --adjust, --mini-adjust  lay the score out again after reading, with or without its bars\n"
+           "     --tablature              find the cheapest fingering and show tablature; .tab and .txt need it\n"
            "     --transpose N            move the whole score by N semitones, -60 to 60, and lay it out again\n"
            "     --size WxH               the drawing area in pixels (default 1200x800)\n"
            "     --page N                 that page alone (.svg and .png)\n"
@@ -242,6 +251,9 @@ char const* Options_Help()
            "zarn --check FILE...          read and tell what is wrong, write nothing\n"
            "zarn --dump FILE              print every symbol of the score\n"
            "zarn --list FILE              print number and title of each tune of an ABC file\n"
+           "zarn --fingering FILE         print the cheapest fingering, one chord a line: bar, notes, "
+           "string/fret/finger\n"
+           "                              of each, own price, price of the step, total so far\n"
            "zarn --replay JOURNAL [-o OUT] [FILE]\n"
            "                              open FILE, play the journal back without a display, then write OUT\n"
            "zarn --journal JOURNAL [FILE] open the editor and write down all that comes from outside\n"

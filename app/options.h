@@ -15,6 +15,7 @@ enum class Task
     CHECK,
     DUMP,
     LIST,
+    FINGERING,
     REPLAY,
     HELP,
     VERSION
@@ -30,6 +31,7 @@ struct Options
     int32_t lTune = -1; ///< the X: number; -1 is the first tune of the file
     bool bAdjust = false;
     bool bMiniAdjust = false;
+    bool bTablature = false;
     std::optional<int32_t> lTranspose; ///< semitones, -60 to 60; nothing when it wasn't asked for
     int32_t lWidth = 1200;             ///< the drawing area in pixels
     int32_t lHeight = 800;

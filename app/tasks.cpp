@@ -2,6 +2,7 @@
 #include "app/tasks.h"
 
 #include "abc/abc_index.h"
+#include "app/fingering_list.h"
 #include "app/headless_process.h"
 #include "app/terminal.h"
 #include "app/tunes.h"
@@ -14,12 +15,25 @@
 #include "shell/door.h"
 #include "shell/load.h"
 #include "shell/startup.h"
+#include "shell/tab_commands.h"
+#include "tab/tablature.h"
 
 #include <cstdio>
 
 namespace zarn
 {
-/// Reads a file, or one tune of it, transposes it and lays it out again when the options say so.
+/// The tablature of the tune that was read last; false when there are more staffs than one.
+static bool ShowOptimised()
+{
+    if (Tab_IsShown()) // under the tune before
+        Tab_SetShown(false);
+    OptimisedTablatureCommand();
+    if (!Tab_IsShown())
+        Terminal_Error("there is no tablature of it");
+    return Tab_IsShown();
+}
+
+/// Reads a file, or one tune of it; transposes it, lays it out again and shows its tablature when the options say so.
 static bool ReadScore(std::string const& szPath, int32_t lTune, Options const& options)
 {
     szTerminalFile = szPath;
@@ -35,6 +49,8 @@ static bool ReadScore(std::string const& szPath, int32_t lTune, Options const& o
         FullAdjust();
     if (options.bMiniAdjust)
         MiniAdjust();
+    if (options.bTablature)
+        return ShowOptimised();
     return true;
 }
 
@@ -122,6 +138,17 @@ int32_t Task_List(Options const& options)
     if (aRows.empty())
         Terminal_Error("there is no tune in the file");
     return aRows.empty() || cTerminalErrors ? lStatusFailed : lStatusGood;
+}
+
+int32_t Task_Fingering(Options const& options)
+{
+    HeadlessProcess process;
+    process.BeginConversion(options.lWidth, options.lHeight);
+    szTerminalFile = options.aFiles[0];
+    auto const aTunes = Tunes_Wanted(options.aFiles[0], options);
+    if (!aTunes || !ReadScore(options.aFiles[0], aTunes->front().lNumber, options))
+        return lStatusFailed;
+    return FingeringList_Print() ? lStatusGood : lStatusFailed;
 }
 
 static bool ReadJournal(std::string const& szPath, std::string* psJournal)

@@ -58,6 +58,17 @@ void Terminal_Shown(Shown const& shown)
     }
 }
 
+void Terminal_Progress(int32_t lDone, int32_t lTotal)
+{
+    static bool bShown = false;
+    if (lDone < lTotal)
+        std::fprintf(stderr, "\r%3d%%", static_cast<int>(int64_t{lDone} * 100 / lTotal));
+    else if (bShown)
+        std::fprintf(stderr, "\r    \r");
+    bShown = lDone < lTotal;
+    std::fflush(stderr);
+}
+
 /// The text, cut where a damaged line would fill the screen.
 static std::string Shortened(std::string const& sText)
 {

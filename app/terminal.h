@@ -22,6 +22,8 @@ void Terminal_Error(std::string_view sText);
 void Terminal_Note(std::string_view sText);
 /// A message box of the headless host, or a question with its answer.
 void Terminal_Shown(Shown const& shown);
+/// How far a long run has come, in per cent on a line that the next step writes over; the last step clears it.
+void Terminal_Progress(int32_t lDone, int32_t lTotal);
 /// A complaint of the ABC reader: "FILE:LINE:COLUMN: TEXT".
 void Terminal_Complaint(AbcComplaint const& complaint);
 } // namespace zarn

@@ -37,3 +37,15 @@ same_twice()
 }
 wait_for same_twice
 cp "$work/a.png" docs/window.png
+
+# tablature NAME WORDS...: a page of the air with its tablature, after what a journal of these lines asks for.
+tablature()
+{
+    local name=$1
+    shift
+    printf '%s\n' "$@" 'command 303' >"$work/journal"
+    "$zarn" --replay "$work/journal" --page 1 -o "docs/$name.png" samples/skye-boat-song.abc 2>/dev/null
+}
+tablature tablature
+tablature tablature-closed 'answer number 0' 'answer cancel' 'command 712' 'answer number 200' 'answer cancel' 'command 790'
+tablature tablature-mandolin 'answer form mandolin ok' 'command 237'

@@ -9,8 +9,10 @@
 #include "edit/ties.h"
 #include "layout/adjust.h"
 #include "layout/clean_up.h"
+#include "midi/refresh_pitches.h"
 #include "render/geometry.h"
 #include "render/symbols.h"
+#include "tab/fingering.h"
 
 #include <optional>
 
@@ -164,6 +166,7 @@ static Element* JoinChordBehind(Element& elNew, Element* pelPlace)
 
 void ShiftForClef(Element* pel, int32_t lOldClef, int32_t lNewClef)
 {
+    RefreshBarFingering(pel);
     int32_t const lShift = ClefOffset(lOldClef) - ClefOffset(lNewClef);
     for (; pel && pel->sort != CLEF; pel = Next(pel))
         pel->lDiaPitch = Clamp32(int64_t{pel->lDiaPitch} + lShift);
@@ -212,7 +215,10 @@ static void SetOldKey(HWND hwnd, Element* pel)
     bool const bPreserve = (pel->lB & fPreservePitch) != 0;
     pel->lB = KeyAt(Prev(pel));
     if (!bPreserve)
+    {
+        RefreshBarFingering(pel);
         return;
+    }
     MakeAccidentalsMatchKeySig(pel->lA, KeepPitchesOverKeyChange(pel->lA, pel->lB, Next(pel)));
     RemoveSpuriousAccidentals();
     InvalidateRect(hwnd);
@@ -233,6 +239,11 @@ static void Settle(HWND hwnd, Element* pel)
         pel->lPitch = MidiFromPitch(pel->lDiaPitch, KeyAt(pel), AccidStateAt(pel, pel->lDiaPitch), TransposeAt(pel));
         BreakTieAround(pel);
         break;
+    case SHARP:
+    case FLAT:
+    case NATURAL:
+        RefreshBarFingering(pel);
+        break;
     default:
         break;
     }
@@ -250,6 +261,8 @@ static bool Prepare(HWND hwnd, Element& el, Element* pelPlace)
         DebugLog(Format("Adding volume changer to level %d\n", el.lA));
     if (el.sort != TIE)
         return true;
+    if (bTabShowing)
+        RefreshPitches(lHighestStaff); // ties join notes by how they sound, and so does the fingering
     if (!TieCheck(pelPlace, true))
         return false;
     el.lDiaPitch = TieNotes(pelPlace);

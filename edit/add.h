@@ -18,6 +18,7 @@ Element* AddElement(HDC hdc, HWND hwnd, Element* pelPlace, RoomyElement el);
 void TakeChordDuration(Element& elNew, Element const* pelNote);
 
 /// From pel up to the next CLEF, moves every element's lDiaPitch so that it keeps its place on the staff when the clef
-/// ahead changes from lOldClef to lNewClef. Pitches are left to the next RefreshPitches.
+/// ahead changes from lOldClef to lNewClef. Pitches are left to the next RefreshPitches, which the bar fingering of a
+/// shown tablature runs ahead of the move.
 void ShiftForClef(Element* pel, int32_t lOldClef, int32_t lNewClef);
 } // namespace zarn

@@ -9,6 +9,7 @@
 #include "render/geometry.h"
 #include "render/ruling.h"
 #include "render/symbols.h"
+#include "tab/fingering.h"
 
 #include <algorithm>
 #include <cstring>
@@ -165,7 +166,10 @@ int32_t DeleteElement(HDC hdc, HWND hwnd, Element* pel, bool bLayout)
     if (!bSlurGone && bEditMode)
         TakeAsCurrent(pel);
     Cursors_StepOff(pel);
+    Element* const pelNext = Next(pel);
     MoveToUndo(pel);
+    if (Sort_IsAccidental(pel->sort))
+        RefreshBarFingering(pelNext);
     if (bSlurGone)
         lUndoState = UNDO_NOTHING;
     bScoreDirty = true;

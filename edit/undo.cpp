@@ -7,6 +7,7 @@
 #include "edit/ties.h"
 #include "layout/adjust.h"
 #include "render/geometry.h"
+#include "tab/fingering.h"
 
 #include <cstring>
 
@@ -58,6 +59,8 @@ Element* ReinsertElement(Element* pelAfter, Element const* pelSource, int32_t lM
     lUndoState = UNDO_ADD;
     if (pel->sort == CLEF)
         ShiftForClef(Next(pel), ClefAt(Prev(pel)), pel->lA);
+    else if (pel->sort == KEYSIG || Sort_IsAccidental(pel->sort))
+        RefreshBarFingering(pel);
     return pel;
 }
 

@@ -1,7 +1,8 @@
 // How an answer fills a dialog in, and how a dialog that was filled in tells its answer.
 //
 // A field of a dialog of several fields is NAME=VALUE: a row is its number from 0 or the first word of its text, a
-// check box 1 or 0, an edit its text, in double quotes when it holds a blank.
+// check box 1 or 0, an edit its text, in double quotes when it holds a blank. A button that fills fields in stands by
+// its name alone.
 #include "platform/answer.h"
 
 #include "platform/decimal.h"
@@ -124,8 +125,23 @@ std::string Quoted(std::string_view sText)
     return s + '"';
 }
 
+bool PressFillButton(Form& form, std::string_view sName)
+{
+    FormControl const* const pButton =
+        FirstThat(form, [&](FormControl const& control)
+                  { return control.kind == FormControl::FILL_BUTTON && control.sName == sName; });
+    if (!pButton)
+        return false;
+    for (FormFill const& fill : pButton->aFills)
+        if (!Type(form.Find(fill.lEdit), fill.sText))
+            return false;
+    return true;
+}
+
 bool SetField(Form& form, std::string_view sField)
 {
+    if (PressFillButton(form, sField))
+        return true;
     size_t const lEquals = sField.find('=');
     if (lEquals == 0 || lEquals == sField.npos)
         return false;
@@ -201,7 +217,8 @@ static Answer FieldsAnswer(Form const& form, int32_t lButton)
     {
         if (IsButton(control) && control.lId == lButton && !control.sName.empty())
             sButton = control.sName;
-        if (control.sName.empty() || IsButton(control) || control.kind == FormControl::STATIC)
+        bool const bValue = IsEdit(control) || IsList(control) || control.kind == FormControl::CHECK;
+        if (control.sName.empty() || !bValue)
             continue;
         std::string const sValue = IsEdit(control) ? Quoted(control.sText) : std::to_string(control.lValue);
         answer.sText += control.sName + '=' + sValue + ' ';

@@ -20,6 +20,7 @@ public:
     virtual HWND CreateMainWindow(std::string_view sTitle, Painter* pPainter) = 0;
     [[nodiscard]] virtual bool HasPanels() const = 0;        ///< false: it knows no such windows
     virtual Panel* CreatePanel(PanelSetup const& setup) = 0; ///< of the main window; null when there is none
+    virtual bool ShowProgress(std::string_view sText, int32_t lDone, int32_t lTotal) = 0;
     virtual bool ShowHelp(std::string_view sFile) = 0;
     virtual bool AskOpenName(FileDialog& dialog) = 0;
     virtual bool AskSaveName(FileDialog& dialog) = 0;

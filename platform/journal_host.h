@@ -27,6 +27,10 @@ public:
     }
     [[nodiscard]] bool HasPanels() const override { return real.HasPanels(); }
     Panel* CreatePanel(PanelSetup const& setup) override { return real.CreatePanel(setup); }
+    bool ShowProgress(std::string_view sText, int32_t lDone, int32_t lTotal) override
+    {
+        return real.ShowProgress(sText, lDone, lTotal);
+    }
     bool ShowHelp(std::string_view sFile) override { return real.ShowHelp(sFile); }
     bool StartEditor(std::string_view sPath) override { return real.StartEditor(sPath); }
     void Quit(int32_t lCode) override { real.Quit(lCode); }

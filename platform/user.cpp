@@ -25,6 +25,11 @@ int32_t MessageBoxA(HWND, std::string_view sText, std::string_view sCaption, uin
 
 int32_t DialogBoxParamA(HWND, Form& form) { return host.pUser ? host.pUser->RunForm(form) : 0; }
 
+bool ShowProgress(HWND, std::string_view sText, int32_t lDone, int32_t lTotal)
+{
+    return !host.pUser || host.pUser->ShowProgress(sText, lDone, lTotal);
+}
+
 static int32_t lShowCount = 0; ///< ShowCursor's
 
 HWND CreateWindowExA(std::string_view sTitle, Painter* pPainter)

@@ -36,6 +36,13 @@ struct MenuItem
     std::vector<MenuItem> aItems = {}; ///< of a submenu
 };
 
+/// An edit that a FILL_BUTTON fills in, and with what.
+struct FormFill
+{
+    int32_t lEdit = 0;
+    std::string sText;
+};
+
 /// A control of a dialog; the value is a text, a row from 0, or 1 and 0.
 struct FormControl
 {
@@ -46,6 +53,7 @@ struct FormControl
         MULTILINE,
         BUTTON,
         DEFAULT_BUTTON,
+        FILL_BUTTON, ///< fills edits in, and the dialog goes on
         COMBO,
         CHECK,
         LIST
@@ -55,9 +63,10 @@ struct FormControl
     std::string sText = {}; ///< EDIT and MULTILINE: in and out
     int32_t lValue = 0;     ///< COMBO and LIST: the row, -1 for none; CHECK: 1 or 0
     std::vector<std::string> aRows = {};
-    bool bSearch = false;   ///< LIST: a line above it narrows the rows to those that hold what is typed
-    int32_t lLimit = 0;     ///< EDIT and MULTILINE: bytes that it takes; 0 for no limit
-    std::string sName = {}; ///< what an answer calls it in a dialog of several fields; empty for none
+    bool bSearch = false;              ///< LIST: a line above it narrows the rows to those that hold what is typed
+    int32_t lLimit = 0;                ///< EDIT and MULTILINE: bytes that it takes; 0 for no limit
+    std::string sName = {};            ///< what an answer calls it in a dialog of several fields; empty for none
+    std::vector<FormFill> aFills = {}; ///< FILL_BUTTON
 };
 
 /// A modal dialog. What answers it in a journal is told by sAnswer: "box", "text", "number", "row" or "form".
@@ -167,6 +176,10 @@ public:
 int32_t MessageBoxA(HWND hwnd, std::string_view sText, std::string_view sCaption, uint32_t lFlags);
 /// Runs the dialog; gives the id of the button that ended it, IDCANCEL when it was closed; 0 when it can't be made.
 [[nodiscard]] int32_t DialogBoxParamA(HWND hwnd, Form& form);
+/// Shows how far a long run of the main thread has come: opens a box with Cancel at its first call, closes it once
+/// lDone is lTotal. False when the user calls the run off, which closes it too. The main window takes no input
+/// meanwhile.
+[[nodiscard]] bool ShowProgress(HWND hwnd, std::string_view sText, int32_t lDone, int32_t lTotal);
 /// The main window, shown maximised; null when there can be none.
 [[nodiscard]] HWND CreateWindowExA(std::string_view sTitle, Painter* pPainter);
 /// Makes a kind of panel known under a name, in place of one of that name; false when the host has no panels to give.

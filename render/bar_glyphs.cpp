@@ -5,6 +5,7 @@
 #include "core/text.h"
 #include "render/geometry.h"
 #include "render/strokes.h"
+#include "tab/tuning.h" // how many strings there are, which only the instrument can tell
 
 #include <algorithm>
 
@@ -134,11 +135,16 @@ void StaffLines(HDC hdc, int32_t lFromCol, int32_t lRow, int32_t lToCol)
     int32_t const x2 = Clamp32(lLeftMarginPx + int64_t{lToCol} * lPageWidth / lColsPerLine);
     if (TooFar(x1) || TooFar(x2))
         return;
-    for (int32_t lLine = 0; lLine < lLines; ++lLine)
+    auto const rule = [&](int32_t lLine, int64_t lPixelsBelow)
     {
-        int32_t const y = Clamp32(lTopMarginPx + (int64_t{lRow} + lLine * lStaffSpace) * lPageHeight / lRowsPerPage);
+        int64_t const lRows = int64_t{lRow} + int64_t{lLine} * lStaffSpace;
+        int32_t const y = Clamp32(lTopMarginPx + lRows * lPageHeight / lRowsPerPage + lPixelsBelow);
         if (!OffPage(y))
             HLine(hdc, x1, y, x2, lLinePerCent);
-    }
+    };
+    for (int32_t lLine = 0; lLine < lLines; ++lLine)
+        rule(lLine, 0);
+    for (int32_t lString = 0; bTabShowing && lString < Tab_UsedStrings(); ++lString)
+        rule(lString, int64_t{yunit} * lStaffHeight);
 }
 } // namespace zarn

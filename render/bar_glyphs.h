@@ -23,6 +23,7 @@ int32_t ArpeggioBracket(HDC hdc, int32_t x, int32_t y, bool bStart);
 int32_t RepeatFirstLine(HDC hdc, int32_t x1, int32_t x2, int32_t y);
 int32_t RepeatFirstHook(HDC hdc, int32_t x, int32_t y);
 int32_t TimeSigGlyph(HDC hdc, int32_t x, int32_t y, int32_t lNum, int32_t lDen);
-/// The five lines of a staff between two columns; lRow is the top line's row on the page.
+/// The five lines of a staff between two columns, and while tablature shows the strings below it; lRow is the top
+/// line's row on the page.
 void StaffLines(HDC hdc, int32_t lFromCol, int32_t lRow, int32_t lToCol);
 } // namespace zarn

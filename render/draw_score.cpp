@@ -9,6 +9,8 @@
 #include "render/ruled_lines.h"
 #include "render/ruling.h"
 #include "render/staff_paint.h"
+#include "render/tab_band.h"
+#include "tab/tuning.h" // where the tablature ends
 
 #include <algorithm>
 #include <limits>
@@ -47,6 +49,17 @@ bool DrawScore(HDC hdc, HWND hwnd, int32_t lFromStrX, int32_t lToStrX)
     return bMore;
 }
 
+/// Whether a note's tablature does.
+static bool TabReachesBelow(Element const* pel, int32_t lYFoot)
+{
+    if (!bTabShowing || pel->sort != NOTE)
+        return false;
+    int32_t x = 0;
+    int32_t yLastString = 0;
+    TabFold(pel->lStrX, Tab_UsedStrings(), pel->lStaff, &x, &yLastString);
+    return yLastString > lYFoot;
+}
+
 void VisibleRange(int32_t lYFoot, int32_t lYHead, int32_t* plTo, int32_t* plFrom)
 {
     int32_t lTo = lNoColumn;
@@ -60,7 +73,7 @@ void VisibleRange(int32_t lYFoot, int32_t lYHead, int32_t* plTo, int32_t* plFrom
             int32_t x = 0;
             int32_t yBottomLine = 0;
             Draw_Fold(pel->lStrX, 2, lStaff, 1, &x, &yBottomLine);
-            if (pel->lY > lYFoot || yBottomLine > lYFoot)
+            if (pel->lY > lYFoot || yBottomLine > lYFoot || TabReachesBelow(pel, lYFoot))
                 lTo = std::min(lTo, pel->lStrX);
             if (pel->lY > lYHead)
                 lFrom = std::min(lFrom, pel->lStrX);

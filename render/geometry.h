@@ -27,7 +27,7 @@ inline int32_t lStaffCount = 1;                                      ///< staffs
 inline int32_t aStaffRow[lStaffLists] = {1, 1, 1, 1, 1, 1, 1, 1, 1}; ///< by staff: its band on the system, from 1
 inline int32_t aRowStaff[lStaffLists] = {1, 1, 1, 1, 1, 1, 1, 1, 1}; ///< by band: its staff
 inline bool abStaffVisible[lStaffLists] = {false, true, false, false, false, false, false, false, false};
-inline bool bTabShowing = false; ///< a tablature band of the same height stands below each staff band
+inline bool bTabShowing = false; ///< a tablature band of the same height stands below the staff, which is the only one
 inline int32_t lPageWidth = 1;   ///< pixels of the drawing area, at least 1
 inline int32_t lPageHeight = 1;
 inline int32_t lLeftMarginPx = 0;
@@ -93,9 +93,10 @@ void ScrollLines(int32_t n); ///< by staff bands; not below 0
 /// True when a symbol at that height is so far off the page that it isn't drawn.
 [[nodiscard]] bool OffPage(int32_t lY);
 
-/// Shows or hides a staff and restacks the bands; the new state. Outside 0 to 8: false.
+/// Shows or hides a staff and restacks the bands; the new state. Outside 0 to 8: false. A second staff hides the
+/// tablature.
 bool ToggleStaff(int32_t lStaff);
-/// Staffs 1 to n show, the others don't; a count below 0 is 0, above 8 is 8.
+/// Staffs 1 to n show, the others don't; a count below 0 is 0, above 8 is 8. A second staff hides the tablature.
 void SetStaffCount(int32_t n);
 [[nodiscard]] int32_t VisibleCount();
 [[nodiscard]] int32_t HighestVisible();       ///< 0 when no staff shows

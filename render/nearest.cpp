@@ -5,23 +5,34 @@
 #include "render/geometry.h"
 #include "render/legers.h"
 #include "render/symbols.h"
+#include "render/tab_band.h"
 
 namespace zarn
 {
 constexpr int64_t lFarthestSquared = 2000; ///< pixels; no longer near
 
-static int64_t DistanceSquared(Element const* pel, int32_t x, int32_t y)
+static int64_t DistanceSquared(POINT from, int32_t x, int32_t y)
 {
-    int64_t const dx = int64_t{pel->lX} - x;
-    int64_t const dy = int64_t{pel->lY} - y;
+    int64_t const dx = int64_t{from.x} - x;
+    int64_t const dy = int64_t{from.y} - y;
     // A folded place is within 32 bits, so a square may not be.
-    if (dx * dx >= lFarthestSquared)
+    if (dx >= lFarthestSquared || dx <= -lFarthestSquared || dy >= lFarthestSquared || dy <= -lFarthestSquared)
         return lFarthestSquared;
-    return dy >= lFarthestSquared || dy <= -lFarthestSquared ? lFarthestSquared : dx * dx + dy * dy;
+    return dx * dx + dy * dy;
+}
+
+/// Where a click means an element: the symbol itself, or on the tablature the number of its fret.
+static POINT PlaceOf(Element const* pel, bool bTablature)
+{
+    POINT place{pel->lX, pel->lY};
+    if (bTablature)
+        TabFold(pel->lStrX, pel->lString, pel->lStaff, &place.x, &place.y);
+    return place;
 }
 
 static Element* NearestShown(int32_t x, int32_t y)
 {
+    bool const bTablature = OnTablature(x, y);
     Element* pelNearest = nullptr;
     int64_t lNearest = lFarthestSquared;
     for (int32_t lStaff = 1; lStaff <= lHighestStaff; ++lStaff)
@@ -30,9 +41,9 @@ static Element* NearestShown(int32_t x, int32_t y)
             continue;
         for (Element* pel = StaffFirst(lStaff); pel; pel = Next(pel))
         {
-            if (pel->fHidden)
+            if (pel->fHidden || (bTablature && pel->sort != NOTE))
                 continue;
-            int64_t const lDistance = DistanceSquared(pel, x, y);
+            int64_t const lDistance = DistanceSquared(PlaceOf(pel, bTablature), x, y);
             if (lDistance < lNearest)
             {
                 lNearest = lDistance;

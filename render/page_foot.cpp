@@ -5,6 +5,8 @@
 #include "render/bar_glyphs.h"
 #include "render/font.h"
 #include "render/geometry.h"
+#include "render/tab_band.h"
+#include "tab/tuning.h" // where the tablature ends
 
 #include <algorithm>
 
@@ -52,6 +54,17 @@ static int64_t RowsBelow(Element const* pel)
     }
 }
 
+/// The last string, and half a fret number on it.
+static bool TabReachesBelow(Element const* pel, int32_t lYFoot)
+{
+    if (!bTabShowing)
+        return false;
+    int32_t x = 0;
+    int32_t yLastString = 0;
+    TabFold(pel->lStrX, Tab_UsedStrings(), pel->lStaff, &x, &yLastString);
+    return int64_t{yLastString} + RowsInPixels((TextRows() + 1) / 2) > lYFoot;
+}
+
 bool ReachesBelow(Element const* pel, int32_t lYFoot)
 {
     constexpr int32_t lKeyBelowStaff = 3; // the lowest sign of a key stands on the bottom line
@@ -59,6 +72,6 @@ bool ReachesBelow(Element const* pel, int32_t lYFoot)
     int32_t yBottomLine = 0;
     Draw_Fold(pel->lStrX, 2, pel->lStaff, 1, &x, &yBottomLine);
     return int64_t{yBottomLine} + RowsInPixels(lKeyBelowStaff) > lYFoot ||
-           int64_t{pel->lY} + RowsInPixels(RowsBelow(pel)) > lYFoot;
+           int64_t{pel->lY} + RowsInPixels(RowsBelow(pel)) > lYFoot || TabReachesBelow(pel, lYFoot);
 }
 } // namespace zarn

@@ -5,6 +5,13 @@
 
 namespace zarn
 {
+/// Tablature stands below one staff alone.
+static void HideTablatureUnderMore()
+{
+    if (lStaffCount > 1)
+        bTabShowing = false;
+}
+
 bool ToggleStaff(int32_t lStaff)
 {
     if (lStaff < 0 || lStaff > lHighestStaff)
@@ -20,6 +27,7 @@ bool ToggleStaff(int32_t lStaff)
     // A band without a staff holds its own number; no click gets there.
     for (; lBand <= lHighestStaff; ++lBand)
         aRowStaff[lBand] = lBand;
+    HideTablatureUnderMore();
     return bShown;
 }
 
@@ -31,6 +39,7 @@ void SetStaffCount(int32_t n)
         abStaffVisible[lStaff] = lStaff <= lStaffCount;
         aStaffRow[lStaff] = aRowStaff[lStaff] = std::min(lStaff, lStaffCount);
     }
+    HideTablatureUnderMore();
 }
 
 int32_t VisibleCount()

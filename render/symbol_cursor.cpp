@@ -3,8 +3,10 @@
 
 #include "core/messages.h"
 #include "core/score.h"
+#include "core/text.h"
 #include "render/geometry.h"
 #include "render/note_glyphs.h"
+#include "render/strokes.h"
 #include "render/symbols.h"
 
 #include <optional>
@@ -98,7 +100,10 @@ POINT CursorSpec(int32_t lSort, int32_t lA)
 static void DrawCurrentSymbol(HDC hdc)
 {
     SelectObject(hdc, GetStockObject(BLACK_BRUSH));
-    DrawSymbol(hdc, nullptr, &elCurrent, elCurrent.sort == CLEF ? elCurrent.lA : 1, true);
+    if (elCurrent.sort == NOTE && (elCurrent.lA & fFretEntrySign))
+        DrawText(hdc, 2, 6, Format("%d", lFretNumber), true);
+    else
+        DrawSymbol(hdc, nullptr, &elCurrent, elCurrent.sort == CLEF ? elCurrent.lA : 1, true);
     if (elCurrent.sort == NOTE && IsTriplet(elCurrent.lDuration))
         TripletMark(hdc, 7, 2); // whatever its stem does
 }

@@ -16,8 +16,11 @@
 #include "render/ruling.h"
 #include "render/slurs.h"
 #include "render/strokes.h"
+#include "render/tab_glyphs.h"
 #include "render/text_symbols.h"
 #include "render/ties.h"
+#include "tab/fingering.h" // a note without a fingering gets one when it is drawn
+#include "tab/tuning.h"
 
 namespace zarn
 {
@@ -43,8 +46,30 @@ static void JoinChord(HDC hdc, Element* pel)
         VLine(hdc, pel->up ? pel->lX + (lBlobX >> 1) : pel->lX - (lBlobX >> 1), pel->lY, pelOther->lY, lStemPerCent);
 }
 
-static int32_t DrawNoteSymbol(HDC hdc, Element* pel, int32_t lClef)
+/// Tablature stands on the page, never in a cursor.
+static bool ShowsTablature(HWND hwnd) { return bTabShowing && (hwnd || bPrinting); }
+
+/// The place on the staff that stands above a string.
+static POINT PlaceAboveString(Element const* pel, int32_t lString)
 {
+    POINT place;
+    Draw_Fold(pel->lStrX, AboveString(lString), pel->lStaff, 1, &place.x, &place.y);
+    return place;
+}
+
+static int32_t DrawFret(HDC hdc, Element* pel)
+{
+    if (pel->lString == 0)
+        Tab_FingerChord(pel);
+    if (pel->lString == 0)
+        return 0; // there is no way to play it
+    POINT const place = PlaceAboveString(pel, pel->lString);
+    return FretNumber(hdc, place.x, place.y, pel->lFret);
+}
+
+static int32_t DrawNoteSymbol(HDC hdc, HWND hwnd, Element* pel, int32_t lClef)
+{
+    int32_t const lFretDrawn = ShowsTablature(hwnd) ? DrawFret(hdc, pel) : 0;
     NoteLook look;
     look.bUp = pel->up != 0;
     look.lBeam = pel->beam;
@@ -56,7 +81,16 @@ static int32_t DrawNoteSymbol(HDC hdc, Element* pel, int32_t lClef)
     look.bOrnament = (pel->lA & fOrnament) != 0;
     int32_t const r = DrawNote(hdc, pel->lX, pel->lY, look);
     JoinChord(hdc, pel);
-    return r | DrawLegers(hdc, pel->lX, pel->lStrX, pel->lStaff, pel->lDiaPitch, lClef);
+    return lFretDrawn | r | DrawLegers(hdc, pel->lX, pel->lStrX, pel->lStaff, pel->lDiaPitch, lClef);
+}
+
+static int32_t DrawBarSymbol(HDC hdc, HWND hwnd, Element const* pel)
+{
+    int32_t const r = BarGlyph(hdc, pel->lX, pel->lY, pel->lStaff);
+    if (!ShowsTablature(hwnd))
+        return r;
+    POINT const place = PlaceAboveString(pel, Tab_UsedStrings());
+    return TabBarGlyph(hdc, place.x, place.y);
 }
 
 static int32_t DrawRestSymbol(HDC hdc, Element const* pel, bool bCursor)
@@ -115,7 +149,7 @@ static int32_t OldKey(Element const* pel)
 }
 
 /// The report: 0 when nothing was drawn.
-static int32_t DrawBySort(HDC hdc, Element* pel, int32_t lClef, bool bCursor)
+static int32_t DrawBySort(HDC hdc, HWND hwnd, Element* pel, int32_t lClef, bool bCursor)
 {
     int32_t const x = pel->lX;
     int32_t const y = pel->lY;
@@ -125,9 +159,9 @@ static int32_t DrawBySort(HDC hdc, Element* pel, int32_t lClef, bool bCursor)
     case ABC:
         return 0;
     case NOTE:
-        return DrawNoteSymbol(hdc, pel, lClef);
+        return DrawNoteSymbol(hdc, hwnd, pel, lClef);
     case BAR:
-        return BarGlyph(hdc, x, y, pel->lStaff);
+        return DrawBarSymbol(hdc, hwnd, pel);
     case DOUBLEBAR:
         return DoubleBarGlyph(hdc, x, y, pel->lStaff);
     case CLEF:
@@ -193,7 +227,7 @@ int32_t DrawSymbol(HDC hdc, HWND hwnd, Element* pel, int32_t lClef, bool bCursor
 {
     if (pel->fHidden || TooFar(pel->lX))
         return 1;
-    if (DrawBySort(hdc, pel, lClef, bCursor) && !bCursor)
+    if (DrawBySort(hdc, hwnd, pel, lClef, bCursor) && !bCursor)
         RuleLine(hdc, hwnd, pel->lStrX);
     return 1;
 }

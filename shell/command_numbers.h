@@ -86,9 +86,12 @@ enum CommandNumber : int32_t
     COMMAND_RIGHTMARGIN = 234,
     COMMAND_TOPMARGIN = 235,
     COMMAND_BOTTOMMARGIN = 236,
+    COMMAND_TUNING = 237,
 
     COMMAND_FULLADJUST = 301,
     COMMAND_MINIADJUST = 302,
+    COMMAND_OPTIMISEDTABLATURE = 303,
+    COMMAND_OPTIMISETABLATURE = 304,
     COMMAND_KEYBOARDMODE = 305,
     COMMAND_MOUSEMODE = 306,
     COMMAND_HIDEPOINTER = 307,
@@ -101,6 +104,7 @@ enum CommandNumber : int32_t
     COMMAND_RESETSPACING = 319,
     COMMAND_TIE = 320,
     COMMAND_REMOVENEWLINES = 321,
+    COMMAND_SHOWTABLATURE = 336,
     COMMAND_VOLUME = 340, ///< to 348
 
     COMMAND_DUMP = 405,
@@ -113,6 +117,12 @@ enum CommandNumber : int32_t
     COMMAND_BRIEFINFO = 601,
     COMMAND_ALLCOMMANDS = 602,
 
+    COMMAND_FIRSTWEIGHT = 701, ///< of the fingering; to 714, and 790
+    COMMAND_WRISTMOVEMENT = 713,
+    COMMAND_MAXSTRETCH = 714,
+    COMMAND_BARWEIGHT = 720, ///< plus the mask of the strings that the bar holds
+    COMMAND_AVOIDOPENSTRINGS = 790,
+
     COMMAND_INSTRUMENT = 1001,    ///< plus the program, 0 to 127
     COMMAND_TEMPO = 2000,         ///< plus beats a minute, 0 to 315
     COMMAND_TRANSPOSE = 3100,     ///< plus semitones, -60 to 60
@@ -123,5 +133,8 @@ enum CommandNumber : int32_t
     COMMAND_EDITITEM = 9000,
     COMMAND_EDITLYRICS = 9001,
     COMMAND_DELETEITEM = 9002,
+
+    COMMAND_FRET = 9100, ///< plus the fret, 0 to 24
 };
+constexpr int32_t lMostFret = 24; ///< of the menu of frets, and of a fret that is typed
 } // namespace zarn

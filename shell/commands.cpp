@@ -15,6 +15,7 @@
 #include "shell/panels_shown.h"
 #include "shell/staffs_shown.h"
 #include "shell/symbol_commands.h"
+#include "shell/tab_commands.h"
 #include "shell/text_commands.h"
 
 namespace zarn
@@ -36,8 +37,12 @@ constexpr CommandRange aRanges[] = {
     {COMMAND_TRANSPOSEALL - 60, COMMAND_TRANSPOSEALL + 60, COMMAND_TRANSPOSEALL, TransposeAllCommand},
     {COMMAND_TEMPO, COMMAND_TEMPO + 315, COMMAND_TEMPO, [](int32_t l) { SymbolCommand(TEMPO, l); }},
     {COMMAND_SHOWSTAFF + 1, COMMAND_SHOWSTAFF + lHighestStaff, COMMAND_SHOWSTAFF, ShowOrHideStaff},
+    {COMMAND_BARWEIGHT, COMMAND_BARWEIGHT + 63, COMMAND_BARWEIGHT, BarWeightCommand},
     {COMMAND_KEYKEEPINGTEXT - 6, COMMAND_KEYKEEPINGTEXT + 6, COMMAND_KEYKEEPINGTEXT, KeyKeepingTextCommand},
     {COMMAND_KEYKEEPINGPITCH - 6, COMMAND_KEYKEEPINGPITCH + 6, COMMAND_KEYKEEPINGPITCH, KeyKeepingPitchCommand},
+    {COMMAND_FRET, COMMAND_FRET + lMostFret, COMMAND_FRET, FretCommand},
+    {COMMAND_FIRSTWEIGHT, COMMAND_MAXSTRETCH, 0, WeightCommand},
+    {COMMAND_AVOIDOPENSTRINGS, COMMAND_AVOIDOPENSTRINGS, 0, WeightCommand},
 };
 
 struct CommandRow
@@ -84,7 +89,7 @@ constexpr CommandRow aCommands[] = {
     {COMMAND_SHARP, [] { SymbolCommand(SHARP); }},
     {COMMAND_NATURAL, [] { SymbolCommand(NATURAL); }},
     {COMMAND_FLAT, [] { SymbolCommand(FLAT); }},
-    {COMMAND_SPACE, [] { SymbolCommand(SPACE); }},
+    {COMMAND_SPACE, SpaceCommand},
     {COMMAND_NEWLINE, [] { SymbolCommand(NEWLINE); }},
     {COMMAND_TIE, [] { SymbolCommand(TIE); }},
     {COMMAND_TREBLECLEF, [] { SymbolCommand(CLEF, 1); }},
@@ -145,6 +150,10 @@ constexpr CommandRow aCommands[] = {
     {COMMAND_RIGHTMARGIN, AskRightMargin},
     {COMMAND_TOPMARGIN, AskTopMargin},
     {COMMAND_BOTTOMMARGIN, AskBottomMargin},
+    {COMMAND_TUNING, TuningCommand},
+    {COMMAND_OPTIMISEDTABLATURE, OptimisedTablatureCommand},
+    {COMMAND_OPTIMISETABLATURE, OptimiseTablatureCommand},
+    {COMMAND_SHOWTABLATURE, ShowTablatureCommand},
     {COMMAND_FULLADJUST, FullAdjustCommand},
     {COMMAND_MINIADJUST, MiniAdjustCommand},
     {COMMAND_REMOVESPURIOUS, RemoveSpuriousCommand},

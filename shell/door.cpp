@@ -6,6 +6,7 @@
 #include "shell/commands.h"
 #include "shell/exit.h"
 #include "shell/files.h"
+#include "shell/fret_entry.h"
 #include "shell/keyboard.h"
 #include "shell/main_window.h"
 #include "shell/menu.h"
@@ -21,9 +22,11 @@ static void RunUnlessGrey(int32_t lCommand)
         Command_Run(lCommand);
 }
 
-/// Accelerators come first; what they leave goes to the keyboard's own keys.
+/// A fret that is being typed comes first, then the accelerators; what they leave goes to the keyboard's own keys.
 static void Key(Event const& key)
 {
+    if (FretEntry_Key(key))
+        return;
     int32_t const lCommand = Accelerator_Command(key);
     if (!Command_Exists(lCommand))
         Keyboard_Down(key);

@@ -15,6 +15,7 @@
 #include "shell/modes.h"
 #include "shell/options.h"
 #include "shell/score_dc.h"
+#include "shell/tab_commands.h"
 
 namespace zarn
 {
@@ -109,12 +110,20 @@ void SlurMarkCommand()
     InvalidateRect(hwndMain);
 }
 
+/// The notes have moved, so their fingering is worked out anew.
+static void LayOutTransposed()
+{
+    FullAdjust();
+    Tablature_Rerun();
+    InvalidateRect(hwndMain);
+}
+
 void TransposeMarkCommand(int32_t lSemitones)
 {
     if (RefuseInRightJustified())
         return;
     TransposeMark(lSemitones);
-    FullAdjustAndRepaint();
+    LayOutTransposed();
 }
 
 void TransposeAllCommand(int32_t lSemitones)
@@ -122,7 +131,7 @@ void TransposeAllCommand(int32_t lSemitones)
     if (RefuseInRightJustified())
         return;
     TransposeAll(lSemitones);
-    FullAdjustAndRepaint();
+    LayOutTransposed();
 }
 
 void InsertPointCommand()

@@ -15,10 +15,13 @@ enum class FileType : int32_t
     MIDI_EXCHANGE = 3,
     MIDI_PERFORMANCE = 4,
     ASCII_TAB = 5,
+    ASCII_TAB_TEXT = 6, ///< a filter alone: no name tells it, and nothing is written for it
 };
 
 inline std::string szFileName; ///< the file that Save writes; empty for a new tune. Written by open, new and save.
-inline std::string szAbcFile;  ///< the ABC file that the score was read from; empty when none
+/// szFileName is what a score was read from as a score file, whatever its extension. Written with szFileName.
+inline bool bReadAsNative = false;
+inline std::string szAbcFile; ///< the ABC file that the score was read from; empty when none
 
 /// By the extension, upper or lower case: .zrn, .abc, .mid, .txt and .tab.
 [[nodiscard]] FileType FileTypeOf(std::string_view szName);

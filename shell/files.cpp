@@ -1,7 +1,7 @@
 // Which reader or writer handles a file, and the questions on the way.
 //
-// Only score files are written so far. A name that asks for another kind leads to the save dialog, so that no file is
-// ever overwritten with what its name doesn't promise unless its user says so.
+// Score files and ASCII tablature are written so far. A name that asks for another kind leads to the save dialog, so
+// that no file is ever overwritten with what its name doesn't promise unless its user says so.
 #include "shell/files.h"
 
 #include "abc/abc_index.h"
@@ -22,6 +22,11 @@
 #include "shell/load.h"
 #include "shell/modes.h"
 #include "shell/options.h"
+#include "shell/panels_shown.h"
+#include "tab/tab_text.h"
+#include "tab/tablature.h"
+
+#include <iterator>
 
 namespace zarn
 {
@@ -78,6 +83,9 @@ void NewTune(HWND hwnd)
     Options_ShowChecks();
     SetWindowTextA(hwnd, "");
     NewTuneOpening(lClef, lKey, lNum, lDen);
+    if (bTablature && bPianoShowing)
+        PianoClosed();
+    Tab_SetShown(bTablature);
     Font_Renew();
     if (fMouseMode)
         MakeSymbolCursor(hwnd);
@@ -170,7 +178,26 @@ void OpenDropped(std::string const& szName)
     (void)OpenNamed(hwndMain, szName);
 }
 
-static bool CanWrite(FileType type) { return type == FileType::NATIVE; }
+namespace
+{
+/// A kind of file that the save dialog offers.
+struct SaveKind
+{
+    FileType type;
+    FileFilter filter;
+};
+constexpr SaveKind aSaveKind[] = {{FileType::NATIVE, {"Zarn files", "*.zrn"}},
+                                  {FileType::ASCII_TAB, {"ASCII Tab files(.tab)", "*.tab"}},
+                                  {FileType::ASCII_TAB_TEXT, {"ASCII Tab files(.txt)", "*.txt"}}};
+} // namespace
+
+static bool CanWrite(FileType type) { return type == FileType::NATIVE || type == FileType::ASCII_TAB; }
+
+/// Music that was read as ABC from a .txt file must not become tablature there at a plain Save.
+static bool MayOverwrite(FileType type)
+{
+    return CanWrite(type) && !(type == FileType::ASCII_TAB && szFileName == szAbcFile);
+}
 
 static SaveResult WriteNative()
 {
@@ -191,22 +218,45 @@ static SaveResult WriteNative()
     return SaveResult::FAILED;
 }
 
-/// The save dialog; false when cancelled. On OK the name is the name in hand.
-static bool AskSaveName(HWND hwnd)
+/// The score stays unsaved: tablature doesn't hold it all. With tablature hidden the user is told, and an empty file
+/// stands there.
+static SaveResult WriteTab()
+{
+    HFILE const hFile = _lcreat(szFileName);
+    if (!hFile)
+    {
+        Serious("File didn't open - NOT saved!");
+        return SaveResult::FAILED;
+    }
+    bool const bShown = Tab_IsShown();
+    bool const bWritten = Tab_SaveText(hFile);
+    bool const bInPlace = _lclose(hFile);
+    if (bWritten && bInPlace)
+        return SaveResult::SAVED;
+    if (bShown)
+        Serious("Writing the file failed - NOT saved!  The file on disk and the score are as they were.");
+    return SaveResult::FAILED;
+}
+
+/// The save dialog; the type that was asked for, UNKNOWN when cancelled. On OK the name is the name in hand.
+static FileType AskSaveName(HWND hwnd)
 {
     FileDialog dialog;
     dialog.sTitle = "Save file";
     dialog.sDefaultExtension = ".zrn";
-    dialog.aFilters = {{"Zarn files", "*.zrn"}};
+    for (SaveKind const& kind : aSaveKind)
+        dialog.aFilters.push_back(kind.filter);
     dialog.szFile = szFileName;
     FileType const type = FileTypeOf(szFileName);
-    if (type != FileType::UNKNOWN && !CanWrite(type))
+    if (type != FileType::UNKNOWN && !MayOverwrite(type))
         dialog.szFile.replace(dialog.szFile.size() - Extension(szFileName).size(), std::string::npos, ".zrn");
     if (!GetSaveFileNameA(hwnd, dialog))
-        return false;
+        return FileType::UNKNOWN;
     szFileName = dialog.szFile;
+    bReadAsNative = false;
     SetWindowTextA(hwnd, ShortName(szFileName));
-    return true;
+    size_t const nKind = static_cast<size_t>(dialog.lFilter) - 1;
+    return nKind < std::size(aSaveKind) ? aSaveKind[nKind].type : FileType::NATIVE;
 }
 
 /// The type of a name that came from the save dialog, whose filter asked for asked; UNKNOWN when the user cancelled.
@@ -224,27 +274,44 @@ static FileType SettleAskedType(FileType asked)
 static FileType SettleNamedType()
 {
     FileType const named = FileTypeOf(szFileName);
+    if (named == FileType::ASCII_TAB && bReadAsNative)
+        return FileType::NATIVE;
     if (named != FileType::UNKNOWN)
         return named;
-    int32_t const lAnswer = AskYesNoCancel("Unknown file extension.  OK to write file as ZRN file?");
-    if (lAnswer == 0)
-        Serious("Don't know how you want it saved.  File NOT saved!");
-    return lAnswer == 1 ? FileType::NATIVE : FileType::UNKNOWN;
+    if (int32_t const lAnswer = AskYesNoCancel("Unknown file extension.  OK to write file as ZRN file?"); lAnswer != 0)
+        return lAnswer == 1 ? FileType::NATIVE : FileType::UNKNOWN;
+    if (int32_t const lAnswer = AskYesNoCancel("Well TAB then????"); lAnswer != 0)
+        return lAnswer == 1 ? FileType::ASCII_TAB : FileType::UNKNOWN;
+    Serious("Don't know how you want it saved.  File NOT saved!");
+    return FileType::UNKNOWN;
 }
 
 SaveResult SaveFile(HWND hwnd, int32_t lCommand)
 {
     FileType type = FileTypeOf(szFileName);
+    FileType asked = FileType::UNKNOWN;
     bool const bAsk =
-        szFileName.empty() || lCommand == COMMAND_SAVEAS || (type != FileType::UNKNOWN && !CanWrite(type));
-    if (bAsk && !AskSaveName(hwnd))
+        szFileName.empty() || lCommand == COMMAND_SAVEAS || (type != FileType::UNKNOWN && !MayOverwrite(type));
+    if (bAsk)
+    {
+        asked = AskSaveName(hwnd);
+        if (asked == FileType::UNKNOWN)
+            return SaveResult::CANCELLED;
+    }
+    type = bAsk ? SettleAskedType(asked) : SettleNamedType();
+    switch (type)
+    {
+    case FileType::UNKNOWN:
         return SaveResult::CANCELLED;
-    type = bAsk ? SettleAskedType(FileType::NATIVE) : SettleNamedType();
-    if (type == FileType::UNKNOWN)
-        return SaveResult::CANCELLED;
-    if (CanWrite(type))
+    case FileType::NATIVE:
         return WriteNative();
-    Serious("Zarn can only write ZRN files.  File NOT saved!");
-    return SaveResult::FAILED;
+    case FileType::ASCII_TAB:
+        return WriteTab();
+    case FileType::ASCII_TAB_TEXT:
+        return SaveResult::FAILED; // the filter has never had a writer; the extension has
+    default:
+        Serious("Zarn can only write ZRN and tablature files.  File NOT saved!");
+        return SaveResult::FAILED;
+    }
 }
 } // namespace zarn

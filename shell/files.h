@@ -23,7 +23,7 @@ void NewTune(HWND hwnd);
 enum class SaveResult : int32_t
 {
     CANCELLED, ///< by the user
-    FAILED,    ///< the user has been told; the old file and the Score are as they were
+    FAILED,    ///< the user has been told, unless the type has no writer; the Score is as it was
     SAVED,
 };
 /// COMMAND_SAVE or COMMAND_SAVEAS.

@@ -7,6 +7,8 @@
 #include "edit/neighbours.h"
 #include "render/geometry.h"
 #include "render/symbol_cursor.h"
+#include "render/tab_band.h"
+#include "shell/fret_entry.h"
 #include "shell/main_window.h"
 #include "shell/modes.h"
 #include "shell/options.h"
@@ -22,7 +24,12 @@ namespace zarn
 static int32_t lKeyRun = 0;
 constexpr int32_t lRunBeforeSpeed = 7;
 
-void Keyboard_Begin() { lKeyRun = 0; }
+void Keyboard_Begin()
+{
+    lKeyRun = 0;
+    lFretNumber = 0;
+    FretEntry_End();
+}
 
 namespace
 {
@@ -85,6 +92,22 @@ static POINT GoRight(POINT place)
     return place;
 }
 
+/// A row up or down; on the tablature a string, which is two rows.
+static POINT GoByRow(POINT place, int32_t lPixels)
+{
+    FretEntry_End();
+    place.y = Clamp32(int64_t{place.y} + lPixels);
+    if (!OnTablature(place.x, place.y))
+    {
+        lFretNumber = 0;
+        return place;
+    }
+    place.y = Clamp32(int64_t{place.y} + lPixels);
+    if (!fMouseMode)
+        MakeSymbolCursor(hwndMain);
+    return SnapToString(place);
+}
+
 static POINT GoToLineEnd(POINT place)
 {
     int32_t lStrX = 0;
@@ -112,10 +135,12 @@ static void SwitchMode()
         EnterMouseMode(hwndMain);
 }
 
+void Keyboard_Settle() { Finish({GetCursorPos(hwndMain), {}, {}}); }
+
 void Keyboard_SwitchMode()
 {
     SwitchMode();
-    Finish({GetCursorPos(hwndMain), {}, {}});
+    Keyboard_Settle();
 }
 
 /// 1 to 7 with SHIFT: a brieve to a demisemiquaver.
@@ -176,11 +201,15 @@ void Keyboard_Down(Event const& key)
             move.place.x = lLeftMarginPx; // what lies to the left of it is the end of the line before
         else if (sKey == "end")
             move.place = GoToLineEnd(place);
-        else if (sKey == "up")
-            move.lLowest = move.place.y -= yunit;
         else
-            move.lHighest = move.place.y += yunit;
+            move.place = GoByRow(place, sKey == "up" ? -yunit : yunit);
+        if (sKey == "up")
+            move.lLowest = move.place.y;
+        else if (sKey == "down")
+            move.lHighest = move.place.y;
         EnterKeyboardMode();
+        if (OnTablature(move.place.x, move.place.y))
+            ReassertCursor(hwndMain);
         Finish(move);
     }
 }

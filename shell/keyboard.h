@@ -10,6 +10,8 @@ void Keyboard_Begin();
 void Keyboard_Down(Event const& key);
 /// A digit whose command is grey.
 void Keyboard_Refuse();
+/// The pointer goes to the nearest place that the mode has for it, as behind each key.
+void Keyboard_Settle();
 /// Switches the mode, as Esc does.
 void Keyboard_SwitchMode();
 } // namespace zarn

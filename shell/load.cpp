@@ -86,6 +86,7 @@ bool ReadNative(HFILE hFile)
 void SetNativeNames(std::string const& szName)
 {
     szFileName = szName;
+    bReadAsNative = !szName.empty();
     szAbcFile.clear();
     szAbcTune.clear();
     lTuneNumber = -1;
@@ -95,6 +96,7 @@ void SetNativeNames(std::string const& szName)
 void SetAbcNames(std::string const& szName, int32_t lNumber)
 {
     szFileName = szName;
+    bReadAsNative = false;
     szAbcFile = szName;
     lTuneNumber = lNumber;
     fAbcTuneOpen = !szAbcTune.empty() && lTuneNumber >= 0;

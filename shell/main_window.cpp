@@ -13,6 +13,7 @@
 #include "shell/modes.h"
 #include "shell/page_commands.h"
 #include "shell/panels_shown.h"
+#include "shell/watched_fingering.h"
 
 #include <algorithm>
 
@@ -22,7 +23,8 @@ constexpr POINT pointerAtStart{20, 20};
 
 void ScorePainter::Paint(HWND hwnd, HDC hdc)
 {
-    if (bPrinting || !hwndMain) // the units are the paper's, or the score has gone
+    // The units are the paper's, or the score has gone, or is being fingered.
+    if (bPrinting || !hwndMain || bFingeringRuns)
         return;
     Serious_Rearm(); // a paint may tell of an error of its own
     if (fMouseMode)

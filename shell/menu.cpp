@@ -58,7 +58,10 @@ static std::vector<MenuItem> SettingsMenu()
             {COMMAND_LEFTMARGIN, "Left margin percent..."},
             {COMMAND_RIGHTMARGIN, "Right margin percent..."},
             {COMMAND_TOPMARGIN, "Top margin percent..."},
-            {COMMAND_BOTTOMMARGIN, "Bottom margin percent..."}};
+            {COMMAND_BOTTOMMARGIN, "Bottom margin percent..."},
+            {},
+            {COMMAND_TUNING, "Alter strings or tuning..."},
+            {0, "Tablature weights", false, WeightsMenu()}};
 }
 
 static std::vector<MenuItem> OptionsMenu()
@@ -87,6 +90,10 @@ static std::vector<MenuItem> ActionMenu()
             {},
             {COMMAND_FULLADJUST, "&Full Adjust\ta"},
             {COMMAND_MINIADJUST, "Mini Adjust"},
+            {},
+            {COMMAND_OPTIMISEDTABLATURE, "Create optimised/Hide tablature\tf"},
+            {COMMAND_SHOWTABLATURE, "Show/Hide Tablature\ts"},
+            {COMMAND_OPTIMISETABLATURE, "Optimise Tablature\to"},
             {},
             {COMMAND_REMOVESPURIOUS, "&Remove Spurious #/b"},
             {COMMAND_REMOVENEWLINES, "Remove all &Newlines"},

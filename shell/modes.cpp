@@ -8,6 +8,7 @@
 #include "edit/mark.h"
 #include "render/geometry.h"
 #include "render/symbol_cursor.h"
+#include "render/tab_band.h"
 #include "shell/command_numbers.h"
 #include "shell/edit_commands.h"
 #include "shell/main_window.h"
@@ -55,8 +56,22 @@ void ShowDeletedAsPointer()
         MakeSymbolCursor(hwndMain);
 }
 
+POINT SnapToString(POINT place)
+{
+    int32_t lStrX = 0;
+    int32_t lString = 0;
+    int32_t lStaff = 0;
+    TabStraighten(place.x, place.y, &lStrX, &lString, &lStaff);
+    TabFold(lStrX, lString, lStaff, &place.x, &place.y);
+    return place;
+}
+
 POINT SnapToGrid(POINT place)
 {
+    // The strings stand a whole number of pixels below the staff, off the rows: a row beside one might be off the
+    // tablature already.
+    if (OnTablature(place.x, place.y))
+        return SnapToString(place);
     int32_t lStrX = 0;
     int32_t lDiaPitch = 0;
     int32_t lStaff = 0;
@@ -69,7 +84,7 @@ void ShowModePointer(HWND hwnd)
 {
     if (bPianoShowing)
         SetCursor(hwnd, PointerShape::UP);
-    else if (fMouseMode)
+    else if (POINT const place = GetCursorPos(hwnd); fMouseMode || OnTablature(place.x, place.y))
         ReassertCursor(hwnd);
     else
         SetCursor(hwnd, PointerShape::CROSS);

@@ -17,8 +17,10 @@ void Modes_Show();
 /// Edit mode has made what was deleted the current symbol: in mouse mode the pointer takes its shape.
 void ShowDeletedAsPointer();
 
-/// The nearest place, in client pixels, that lies exactly on a column and a row.
+/// The nearest place, in client pixels, that lies exactly on a column and a row; on the tablature, on a string.
 [[nodiscard]] POINT SnapToGrid(POINT place);
+/// The nearest place that lies exactly on a column and a string.
+[[nodiscard]] POINT SnapToString(POINT place);
 
 /// What follows each change of the current symbol: in mouse mode the pointer takes its shape; in keyboard mode it is
 /// added at the pointer.

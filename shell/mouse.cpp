@@ -8,6 +8,7 @@
 #include "edit/insert.h"
 #include "render/nearest.h"
 #include "render/symbol_cursor.h"
+#include "render/tab_band.h"
 #include "shell/command_numbers.h"
 #include "shell/commands.h"
 #include "shell/edit_commands.h"
@@ -16,6 +17,7 @@
 #include "shell/options.h"
 #include "shell/panels_shown.h"
 #include "shell/score_dc.h"
+#include "shell/tab_commands.h"
 
 namespace zarn
 {
@@ -39,6 +41,11 @@ void Mouse_Moved(POINT place)
 
 void Mouse_LeftDown(POINT place)
 {
+    if (!bPianoShowing && OnTablature(place.x, place.y))
+    {
+        ChooseFret(place);
+        return;
+    }
     EnterMouseMode(hwndMain);
     ScoreDC const hdc;
     DrawCursorLegers(hdc, place.x, place.y);
@@ -65,8 +72,8 @@ void Mouse_LeftUp(POINT place)
         return;
     fLeftDrag = false;
     InvalidateRect(hwndMain); // the leger lines at the pointer go
-    if (place.y < 0)
-        return; // let go above the score
+    if (place.y < 0 || OnTablature(place.x, place.y))
+        return; // let go above the score, or where a press means a fret
     if (bPianoShowing)
         MoveInsertPoint(place.x, place.y);
     else

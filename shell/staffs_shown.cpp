@@ -34,10 +34,8 @@ static bool ScrollOneLine(int32_t n)
 void ShowOrHideStaff(int32_t lStaff)
 {
     int32_t const lView = ViewStart();
-    bool const bShown = ToggleStaff(lStaff);
+    bool const bShown = ToggleStaff(lStaff); // a second staff hides the tablature
     Menu_Check(COMMAND_SHOWSTAFF + lStaff, bShown);
-    if (VisibleCount() > 1)
-        bTabShowing = false; // a tablature is that of one staff
     FullAdjust();
     if (bShown)
     {

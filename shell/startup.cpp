@@ -20,6 +20,7 @@
 #include "shell/options.h"
 #include "shell/page_commands.h"
 #include "shell/panels_shown.h"
+#include "shell/tab_commands.h"
 
 namespace zarn
 {
@@ -36,6 +37,7 @@ void Page_StartUp(int32_t lWidth, int32_t lHeight)
 {
     LoadPageSettings();
     SetWindowUnits({0, 0, lWidth, lHeight});
+    LoadTablatureSettings();
 }
 
 static bool MakeMainWindow()
@@ -112,6 +114,7 @@ bool StartUp(std::string_view szCommandLine)
     if (!szCommandLine.empty())
         LoadCommandLineFile(WithoutQuotes(szCommandLine));
     UpdateWindow(hwndMain);
+    LoadTablatureSettings();
     Options_ShowChecks();
     // The question belongs to the first paint, and waits until that is on the screen: no box stands over an empty
     // window.

@@ -7,7 +7,7 @@ namespace zarn
 {
 /// Makes the empty Score with the settings it needs. First of all, with a window or without one.
 void Score_StartUp();
-/// The drawing area of a conversion without a window, with the stored margins.
+/// The drawing area of a conversion without a window, with the stored margins, instrument and weights.
 void Page_StartUp(int32_t lWidth, int32_t lHeight);
 
 /// Brings the program up to its message loop, which is the host's: the Score, the main window, the file of the command

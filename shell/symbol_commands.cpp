@@ -6,6 +6,8 @@
 #include "panels/dialogs.h"
 #include "panels/number_text.h"
 #include "render/symbol_cursor.h"
+#include "render/tab_band.h"
+#include "shell/fret_entry.h"
 #include "shell/modes.h"
 #include "shell/options.h"
 #include "shell/score_dc.h"
@@ -14,16 +16,43 @@
 
 namespace zarn
 {
+static bool PointerOnTablature()
+{
+    POINT const place = GetCursorPos(hwndMain);
+    return OnTablature(place.x, place.y);
+}
+
+/// On the tablature a length waits for its fret.
+static void CommitLength()
+{
+    if (PointerOnTablature())
+        MakeSymbolCursor(hwndMain);
+    else
+        CommitSymbol();
+}
+
 void NoteCommand(int32_t lDuration)
 {
+    if (fFretEntry)
+        return;
     CurrentSymbol_SetNote(lDuration);
-    CommitSymbol();
+    CommitLength();
 }
 
 void RestCommand(int32_t lDuration)
 {
+    if (fFretEntry)
+        return;
     CurrentSymbol_SetRest(lDuration);
-    CommitSymbol();
+    CommitLength();
+}
+
+void SpaceCommand()
+{
+    if (PointerOnTablature())
+        FretEntry_Begin();
+    else
+        SymbolCommand(SPACE);
 }
 
 void SymbolCommand(int32_t sort, int32_t lA, int32_t lB)

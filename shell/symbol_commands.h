@@ -4,8 +4,10 @@
 
 namespace zarn
 {
-void NoteCommand(int32_t lDuration); ///< ticks
+/// A length in ticks. Nothing while a fret is being typed; with the pointer on the tablature it is only chosen.
+void NoteCommand(int32_t lDuration);
 void RestCommand(int32_t lDuration);
+void SpaceCommand(); ///< On the tablature a fret begins instead.
 /// Any sort with its lA and lB.
 void SymbolCommand(int32_t sort, int32_t lA = 0, int32_t lB = 0);
 

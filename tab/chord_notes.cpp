@@ -1,6 +1,8 @@
 // The walks over the notes of a chord, with the arpeggio sections carried along.
 #include "tab/chord_notes.h"
 
+#include "render/reach.h"
+
 namespace zarn
 {
 namespace
@@ -20,7 +22,8 @@ void Step(ChordPlace& place)
 
 bool Tab_InArpeggio(Element const* pelNote)
 {
-    for (Element const* pel = pelNote; pel; pel = Prev(pel))
+    Element const* pel = pelNote;
+    for (int32_t lWalked = 0; pel && lWalked < lLongestReach; pel = Prev(pel), ++lWalked)
     {
         if (pel->sort == ARPEGSTART)
             return true;

@@ -4,7 +4,8 @@
 
 namespace zarn
 {
-/// Walking back from the note, ARPEGSTART is met before any ARPEGEND. Linear.
+/// Walking back from the note, ARPEGSTART is met before any ARPEGEND. A section reaches no further than lLongestReach:
+/// drawing asks for every note that has no fingering.
 [[nodiscard]] bool Tab_InArpeggio(Element const* pelNote);
 
 /// A place among the notes of a staff that knows whether it stands in an arpeggio section, so that a walk over the
@@ -18,7 +19,7 @@ struct ChordPlace
 /// The next note that sounds together with this one, null when there is none: the place, and with it what the walk to
 /// the note there has passed.
 [[nodiscard]] ChordPlace Tab_NextChordNote(ChordPlace note);
-[[nodiscard]] Element* Tab_NextChordNote(Element* pelNote); ///< The same from anywhere; linear.
+[[nodiscard]] Element* Tab_NextChordNote(Element* pelNote); ///< The same from anywhere.
 
 /// The next NOTE behind a place; its pel is null when there is none before the end, or before pelStop, unless pelStop
 /// is a NOTE itself.

@@ -20,6 +20,7 @@
 #include <QShortcut>
 #include <algorithm>
 #include <functional>
+#include <map>
 #include <utility>
 
 namespace zarn
@@ -84,6 +85,7 @@ private:
     void AddList(FormControl& control);
     void AddSearch(QListWidget& list);
     void AddButton(FormControl const& control);
+    void AddFillButton(FormControl const& control);
     void PressDefault();
 
     QFormLayout* pRows = new QFormLayout;
@@ -91,6 +93,7 @@ private:
     QPushButton* pDefault = nullptr;
     QWidget* pFirst = nullptr; ///< where typing begins
     std::vector<std::function<void()>> aReadBack;
+    std::map<int32_t, QLineEdit*> edits; ///< by control
 };
 
 FormDialog::FormDialog(Form& form, QWidget* pParent) : QDialog(pParent)
@@ -152,6 +155,9 @@ void FormDialog::Add(FormControl& control)
     case FormControl::DEFAULT_BUTTON:
         AddButton(control);
         break;
+    case FormControl::FILL_BUTTON:
+        AddFillButton(control);
+        break;
     case FormControl::COMBO:
         AddCombo(control);
         break;
@@ -189,6 +195,7 @@ void FormDialog::AddEdit(FormControl& control)
                              *pEdit, control, [pEdit](QString const& s) { pEdit->setText(s); }, sText);
                      });
     aReadBack.push_back([pEdit, &control] { control.sText = pEdit->text().toStdString(); });
+    edits[control.lId] = pEdit;
     AddRow(control, pEdit);
 }
 
@@ -282,6 +289,19 @@ void FormDialog::AddButton(FormControl const& control)
         pDefault = pButton;
     }
     QObject::connect(pButton, &QPushButton::clicked, this, [this, lId = control.lId] { done(lId); });
+}
+
+void FormDialog::AddFillButton(FormControl const& control)
+{
+    auto* const pButton = new QPushButton(ToQt(control.sLabel));
+    pButtons->addWidget(pButton);
+    pButton->setAutoDefault(false);
+    QObject::connect(pButton, &QPushButton::clicked, this,
+                     [this, &control]
+                     {
+                         for (FormFill const& fill : control.aFills)
+                             edits.at(fill.lEdit)->setText(ToQt(fill.sText));
+                     });
 }
 
 void FormDialog::PressDefault()

@@ -15,6 +15,7 @@ namespace zarn
 {
 int32_t QtHost::MessageBox(std::string_view sText, std::string_view sCaption, uint32_t lFlags)
 {
+    progress.Close(); // a message is about what has come of the run
     int32_t const lId = MessageBox_Run(sText, sCaption, lFlags, DialogParent());
     TakeFocusBack();
     return lId;
@@ -44,6 +45,15 @@ HWND QtHost::CreateMainWindow(std::string_view sTitle, Painter* pPainter)
 }
 
 Panel* QtHost::CreatePanel(PanelSetup const& setup) { return pWindow ? pWindow->CreatePanel(setup) : nullptr; }
+
+bool QtHost::ShowProgress(std::string_view sText, int32_t lDone, int32_t lTotal)
+{
+    QWidget* const pFrame = pWindow ? pWindow->Frame() : nullptr;
+    bool const bGoOn = progress.Show(sText, lDone, lTotal, pFrame);
+    if (!bGoOn || lDone >= lTotal)
+        TakeFocusBack();
+    return bGoOn;
+}
 
 bool QtHost::ShowHelp(std::string_view) { return Manual_Show(); }
 

@@ -1,5 +1,6 @@
 /// The desktop host: windows, boxes, documents and settings, with Qt.
 #pragma once
+#include "platform/desktop/progress_box.h"
 #include "platform/desktop/qt_settings.h"
 #include "platform/desktop/qt_window.h"
 #include "platform/desktop_module.h"
@@ -21,6 +22,7 @@ public:
     HWND CreateMainWindow(std::string_view sTitle, Painter* pPainter) override;
     [[nodiscard]] bool HasPanels() const override { return true; }
     Panel* CreatePanel(PanelSetup const& setup) override;
+    bool ShowProgress(std::string_view sText, int32_t lDone, int32_t lTotal) override;
     bool ShowHelp(std::string_view sFile) override;
     bool AskOpenName(FileDialog& dialog) override;
     bool AskSaveName(FileDialog& dialog) override;
@@ -45,6 +47,7 @@ private:
     QtSettings settings;
     Door* pDoor = nullptr;
     std::unique_ptr<QtWindow> pWindow;
+    ProgressBox progress;
     bool bRunning = false; ///< in the message loop
     bool bQuit = false;
     int32_t lQuitCode = 0;

@@ -74,6 +74,15 @@ Panel* ScriptHost::CreatePanel(PanelSetup const& setup)
     return panels.back().get();
 }
 
+bool ScriptHost::ShowProgress(std::string_view, int32_t lDone, int32_t lTotal)
+{
+    if (lDone < lTotal)
+        aProgress.push_back(lDone);
+    if (pOnProgress)
+        pOnProgress(lDone, lTotal);
+    return lDone >= lTotal || !bCallsOff;
+}
+
 bool ScriptHost::ShowHelp(std::string_view sFile)
 {
     aHelped.emplace_back(sFile);

@@ -25,7 +25,7 @@ struct Shown
 
 /// Answers wait in line: a question takes the first one when it fits, and otherwise gets its safe answer: Cancel, or No
 /// where there is no Cancel. A plain message takes none. A file dialog takes `text PATH`, with `row N` ahead of it for
-/// the file type (from 0). The clock stands still until someone moves it.
+/// the file type (from 0). The clock stands still until someone moves it, or goes on with each look.
 class ScriptHost : public UserHost
 {
 public:
@@ -35,12 +35,13 @@ public:
     HWND CreateMainWindow(std::string_view sTitle, Painter* pPainter) override;
     [[nodiscard]] bool HasPanels() const override { return bPanelClassesWork; }
     Panel* CreatePanel(PanelSetup const& setup) override;
+    bool ShowProgress(std::string_view sText, int32_t lDone, int32_t lTotal) override;
     bool ShowHelp(std::string_view sFile) override;
     bool AskOpenName(FileDialog& dialog) override;
     bool AskSaveName(FileDialog& dialog) override;
     bool StartEditor(std::string_view sPath) override;
     void Quit(int32_t lCode) override;
-    uint32_t TickCount() override { return lNowMs; }
+    uint32_t TickCount() override { return lNowMs += lMsPerLook; }
     void Beep() override { ++cBeeps; }
 
     std::deque<Answer> answers;
@@ -59,6 +60,11 @@ public:
     bool bPanelClassesWork = true;
     bool bPanelsWork = true;
     uint32_t lNowMs = 0;
+    uint32_t lMsPerLook = 0; ///< by which the clock goes on whenever somebody looks at it
+    std::vector<int32_t> aProgress; ///< how far long runs came, as they told it
+    bool bCallsOff = false;         ///< the next long run that tells how far it has come is called off
+    /// Called with each step of a long run, the last one with lDone equal to lTotal; for a command line that shows it.
+    std::function<void(int32_t lDone, int32_t lTotal)> pOnProgress;
     /// Called with each message and question as it is shown; for a command line that tells its user.
     std::function<void(Shown const&)> pOnShown;
 

@@ -224,6 +224,56 @@ TEST_F(CommandLine, AJournalPlaysBackAndWritesWhatCameOut)
     EXPECT_EQ(Run("--replay nosuch book.abc"), 1);
 }
 
+TEST_F(CommandLine, TablatureIsFingeredStoredAndWrittenAsText)
+{
+    EXPECT_EQ(Run("--tablature -o t.tab --tune 7 book.abc"), 0) << sErr;
+    std::string const sTab = File("t.tab");
+    EXPECT_EQ(sTab.substr(0, 2), "E-");
+    EXPECT_EQ(sTab.size() % 67, 0u);
+    EXPECT_EQ(Run("--tablature -o t.txt --tune 7 book.abc"), 0) << sErr;
+    EXPECT_EQ(File("t.txt"), sTab);
+    EXPECT_EQ(Run("--tablature -o t.zrn book.abc"), 0) << sErr;
+    EXPECT_EQ(Run("-o plain.zrn book.abc"), 0) << sErr;
+    EXPECT_NE(File("t.zrn"), File("plain.zrn")) << "string and fret stand in the score";
+    EXPECT_EQ(Run("--tablature -o t.svg book.abc"), 0) << sErr;
+    EXPECT_EQ(Run("-o plain.svg book.abc"), 0) << sErr;
+    EXPECT_NE(File("t.svg"), File("plain.svg"));
+    EXPECT_TRUE(sErr.empty()) << sErr;
+}
+
+TEST_F(CommandLine, TextTablatureNeedsTablatureAndLeavesTheOutputWhole)
+{
+    Write(folder / "t.tab", "old");
+    EXPECT_EQ(Run("-o t.tab book.abc"), 1);
+    EXPECT_EQ(sErr, "zarn: t.tab: tablature is written with --tablature; NOT yet saved\n");
+    EXPECT_EQ(File("t.tab"), "old");
+}
+
+TEST_F(CommandLine, TablatureOfTwoStaffsIsRefused)
+{
+    Write(folder / "two.abc", "X:1\nT:Two\nL:1/4\nK:C\nV:1\nCDEF|\nV:2\nCDEF|\n");
+    EXPECT_EQ(Run("--tablature -o t.svg two.abc"), 1);
+    EXPECT_NE(sErr.find("Restriction: Tablature can only be shown for one staff and you have 2 staffs showing"),
+              std::string::npos)
+        << sErr;
+    EXPECT_FALSE(Has("t.svg"));
+}
+
+TEST_F(CommandLine, AFingeringIsListedChordByChordWithItsPrices)
+{
+    Write(folder / "f.abc", "X:1\nT:F\nL:1/4\nM:2/4\nK:C\nB e|[Ec] f|\n");
+    EXPECT_EQ(Run("--fingering f.abc"), 0) << sErr;
+    EXPECT_EQ(sOut, "1\tB4\t2/0/0\t-1\t0\t-1\n"
+                    "1\tE5\t1/0/0\t-1\t0\t-2\n"
+                    "2\tE4 C5\t4/2/3 2/1/1\t200\t22\t220\n"
+                    "2\tF5\t1/1/2\t88\t21\t329\n");
+    Write(folder / "low.abc", "X:1\nT:Low\nL:1/4\nK:C\nC,,,, D|\n");
+    EXPECT_EQ(Run("--fingering low.abc"), 1);
+    EXPECT_NE(sErr.find("No fingerings possible."), std::string::npos) << sErr;
+    EXPECT_TRUE(sOut.empty()) << sOut;
+    EXPECT_EQ(sErr.find('%'), std::string::npos) << "no percentage where nobody looks on";
+}
+
 TEST_F(CommandLine, PaperAndPicturesNeedNoDisplay)
 {
     if (!ZARN_HAS_DESKTOP)

@@ -80,7 +80,7 @@ TEST(Options, TransposingTakesSemitonesUpAndDownAndGoesWithATaskThatReads)
     {
         Parsed const p = Parse(aWords);
         EXPECT_FALSE(p.bGood);
-        EXPECT_EQ(p.sError, "--transpose goes with -o, --check or --dump");
+        EXPECT_EQ(p.sError, "--transpose goes with -o, --check, --dump or --fingering");
     }
 }
 
@@ -116,6 +116,11 @@ TEST(Options, WrongWordsAreRefusedWithASentence)
         {"--check", "--dump", "a.abc"},
         {"--journal", "j", "--check", "a.abc"},
         {"--tune", "all", "--dump", "a.abc"},
+        {"--fingering"},
+        {"--fingering", "a.abc", "b.abc"},
+        {"--fingering", "-o", "x.zrn", "a.abc"},
+        {"--tablature", "a.abc"},
+        {"--tablature", "--fingering", "a.abc"},
     };
     for (auto const& aWords : aWrong)
     {

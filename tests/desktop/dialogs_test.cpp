@@ -12,6 +12,7 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QScreen>
 #include <QTemporaryDir>
@@ -372,5 +373,48 @@ TEST_F(DesktopDialogs, ACancelledFileDialogChangesNothing)
         EXPECT_EQ(dialog.szFile, sBefore);
         EXPECT_EQ(dialog.lFilter, 1);
     }
+}
+TEST_F(DesktopDialogs, AButtonFillsFieldsInAndTheDialogGoesOn)
+{
+    Form form{8005,
+              "String tuning",
+              "form",
+              {{FormControl::EDIT, 1, "Strings", "6"},
+               {FormControl::EDIT, 2, "Top", "60"},
+               {FormControl::FILL_BUTTON, 3, "Mandolin"},
+               {FormControl::DEFAULT_BUTTON, IDOK, "OK"},
+               {FormControl::BUTTON, IDCANCEL, "Cancel"}}};
+    form.aControls[2].aFills = {{1, "4"}, {2, "76"}};
+    WhenAsked(
+        [](QWidget* pDialog)
+        {
+            for (QPushButton* const pButton : pDialog->findChildren<QPushButton*>())
+                if (pButton->text() == QStringLiteral("Mandolin"))
+                    pButton->click();
+            ASSERT_TRUE(pDialog->isVisible());
+            QTest::keyClick(pDialog, Qt::Key_Return);
+        });
+    EXPECT_EQ(desktop.RunForm(form), IDOK);
+    EXPECT_EQ(form.aControls[0].sText, "4");
+    EXPECT_EQ(form.aControls[1].sText, "76");
+}
+
+TEST_F(DesktopDialogs, ALongRunShowsHowFarItHasComeAndCanBeCalledOff)
+{
+    auto const box = [] { return qobject_cast<QProgressDialog*>(QApplication::activeModalWidget()); };
+    EXPECT_TRUE(desktop.ShowProgress("Working", 3, 10));
+    ASSERT_NE(box(), nullptr);
+    EXPECT_EQ(box()->labelText(), QStringLiteral("Working"));
+    EXPECT_EQ(box()->value(), 3);
+    EXPECT_TRUE(desktop.ShowProgress("Working", 4, 10));
+    EXPECT_EQ(box()->value(), 4);
+    EXPECT_TRUE(desktop.ShowProgress("Working", 10, 10));
+    EXPECT_EQ(box(), nullptr);
+
+    EXPECT_TRUE(desktop.ShowProgress("Working", 1, 10));
+    box()->findChild<QPushButton*>()->click();
+    EXPECT_FALSE(desktop.ShowProgress("Working", 2, 10));
+    EXPECT_EQ(box(), nullptr);
+    EXPECT_TRUE(desktop.ShowProgress("Working", 10, 10)) << "nothing is left to close";
 }
 } // namespace zarn

@@ -99,7 +99,7 @@ TEST_F(ShellFiles, ANameOfAnotherKindIsAskedAbout)
     AnswersText(Path("a.abc"));
     Answers(Answer::NO);
     Command(COMMAND_SAVEAS);
-    EXPECT_EQ(Messages().back(), "Zarn can only write ZRN files.  File NOT saved!");
+    EXPECT_EQ(Messages().back(), "Zarn can only write ZRN and tablature files.  File NOT saved!");
     EXPECT_FALSE(std::filesystem::exists(Path("a.abc")));
     EXPECT_TRUE(bScoreDirty);
 
@@ -118,7 +118,9 @@ TEST_F(ShellFiles, AnUnknownExtensionIsAskedAboutByAPlainSave)
     bScoreDirty = true;
 
     Answers(Answer::NO);
+    Answers(Answer::NO);
     Command(COMMAND_SAVE);
+    EXPECT_EQ(Messages()[Messages().size() - 2], "Well TAB then????");
     EXPECT_EQ(Messages().back(), "Don't know how you want it saved.  File NOT saved!");
     EXPECT_TRUE(bScoreDirty);
 

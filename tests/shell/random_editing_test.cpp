@@ -38,7 +38,7 @@ struct RandomEditing : Shell
 
     Answer AnyAnswer()
     {
-        switch (Below(6))
+        switch (Below(8))
         {
         case 0:
             return {.kind = Answer::NUMBER, .lNumber = Below(40) - 5};
@@ -50,6 +50,12 @@ struct RandomEditing : Shell
             return {.kind = Answer::FIRST};
         case 4:
             return {.kind = Answer::NUMBER, .lNumber = COMMAND_EDITITEM + Below(3)};
+        case 5:
+            return {.kind = Answer::NUMBER, .lNumber = COMMAND_FRET + Below(lMostFret + 1)};
+        case 6:
+            return {.kind = Answer::FORM,
+                    .sText = Format("%s strings=%d top=%d ok", Below(2) ? "guitar" : "mandolin", Below(9) - 1,
+                                    60 + Below(30))};
         default:
             return {.kind = Answer::CANCEL};
         }
@@ -61,11 +67,11 @@ struct RandomEditing : Shell
     Event AnyKey()
     {
         static constexpr char const* aKeys[] = {
-            "left",  "right", "up",    "down",      "home",   "end",    "pageup", "pagedown", "enter", "enter",
-            "enter", "esc",   "space", "backspace", "delete", "delete", "tab",    "1",        "2",     "3",
-            "4",     "5",     "6",     "7",         "8",      "9",      "0",      "a",        "b",     "d",
-            "n",     "r",     "t",     "u",         "v",      ".",      ";",      ",",        "/",     "[",
-            "]",     "-",     "=",     "#",         "`",      "\\",     "f4",     "q"};
+            "left", "right", "up",        "down",   "home",   "end", "pageup", "pagedown", "enter", "enter", "enter",
+            "esc",  "space", "backspace", "delete", "delete", "tab", "1",      "2",        "3",     "4",     "5",
+            "6",    "7",     "8",         "9",      "0",      "a",   "b",      "d",        "n",     "r",     "t",
+            "u",    "v",     ".",         ";",      ",",      "/",   "[",      "]",        "-",     "=",     "#",
+            "`",    "\\",    "f4",        "q",      "f",      "s",   "o",      "space",    "down",  "up"};
         Event event{.kind = EventKind::KEY};
         event.sText = aKeys[Below(std::size(aKeys))];
         event.fShift = Below(4) == 0;
@@ -162,6 +168,7 @@ TEST_F(RandomEditing, LeavesTheScoreWhole)
             Geometry_Init();
             SetWindowUnits({0, 0, 1200, 800});
             bRightJustified = false;
+            bTabShowing = n / lPerScore % 2 == 1;
             Write(1,
                   "clef:1 key:2 time:4/4 n0/48 #3 [n2/24 n4/24] n6/24 r48 | n3/48 chord\"Am\" lyr\"la\" n5/72 n1/24");
             Write(1, "slur( n3/48 n4/48 slur) n5/24 n5/24 | n4/48 n4/48 lyr\"a longer word\" n2/96 nl n1/192");
