@@ -44,7 +44,7 @@ tablature()
     local name=$1
     shift
     printf '%s\n' "$@" 'command 303' >"$work/journal"
-    "$zarn" --replay "$work/journal" --page 1 -o "docs/$name.png" samples/skye-boat-song.abc 2>/dev/null
+    "$zarn" --replay "$work/journal" --page 1 -o "docs/$name.svg" samples/skye-boat-song.abc 2>/dev/null
 }
 tablature tablature
 tablature tablature-closed 'answer number 0' 'answer cancel' 'command 712' 'answer number 200' 'answer cancel' 'command 790'
