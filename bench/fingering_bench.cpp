@@ -1,13 +1,47 @@
-// The search for a fingering, and its plain form beside it: melodies, and chords as a guitarist reads them.
+// The search for a fingering, and its plain form beside it: melodies, and chords as a guitarist reads them. peak_MB is
+// the most memory that a search took above the score.
 #include "core/score.h"
 #include "support/scripted_process.h"
 #include "tab/fingering.h"
 #include "tab/fingers_place.h"
 #include "tab/plain_search.h"
 
+#include <algorithm>
 #include <benchmark/benchmark.h>
+#include <cstddef>
+#include <cstdlib>
+#include <new>
 #include <random>
 #include <vector>
+
+namespace
+{
+int64_t cbInUse = 0;
+int64_t cbPeak = 0;
+constexpr size_t cbPrefix = __STDCPP_DEFAULT_NEW_ALIGNMENT__; ///< ahead of each piece, which keeps its size there
+} // namespace
+
+void* operator new(size_t cb)
+{
+    auto* const p = static_cast<std::byte*>(std::malloc(cb + cbPrefix));
+    if (!p)
+        throw std::bad_alloc();
+    *reinterpret_cast<size_t*>(p) = cb;
+    cbInUse += static_cast<int64_t>(cb);
+    cbPeak = std::max(cbPeak, cbInUse);
+    return p + cbPrefix;
+}
+
+void operator delete(void* p) noexcept
+{
+    if (!p)
+        return;
+    std::byte* const pPiece = static_cast<std::byte*>(p) - cbPrefix;
+    cbInUse -= static_cast<int64_t>(*reinterpret_cast<size_t*>(pPiece));
+    std::free(pPiece);
+}
+
+void operator delete(void* p, size_t) noexcept { operator delete(p); }
 
 namespace zarn::bench
 {
@@ -74,10 +108,13 @@ void Run(benchmark::State& state, Search search, void (*pWrite)(int32_t))
 {
     test::ScriptedProcess process;
     pWrite(static_cast<int32_t>(state.range(0)));
+    int64_t const cbBefore = cbInUse;
+    cbPeak = cbInUse;
     for (auto _ : state)
         if (search(StaffFirst(1), StaffLast(1), true, nullptr))
             state.SkipWithError("a chord can't be played");
     state.SetItemsProcessed(state.iterations() * state.range(0));
+    state.counters["peak_MB"] = static_cast<double>(cbPeak - cbBefore) / 1e6;
 }
 
 void Melody(benchmark::State& state) { Run(state, Tab_DoFingering, WriteMelody); }

@@ -51,11 +51,11 @@ std::vector<HeldWay> FirstList(ChordWays const& ways)
 std::span<Arrival const> ChordLinker::Link(ChordWays const& from, std::span<HeldWay const> aBefore, ChordWays& to)
 {
     aArrivals.clear();
-    int32_t const lLeast = std::ranges::min(aBefore, {}, &HeldWay::lCost).lCost;
+    auto const least = std::ranges::min_element(aBefore, {}, &HeldWay::lCost);
     // Where no total can fall out of 32 bits, a sum's parts may be added in any order.
-    bool const bInRange = lLeast - 2 * lFurthestByRows + to.LeastArrival() > INT32_MIN;
+    bool const bInRange = least->lCost - 2 * lFurthestByRows + to.LeastArrival() > INT32_MIN;
     if (prices.Furthest() <= lFurthestByRows && bInRange)
-        LinkByRows(from, aBefore, lLeast, to);
+        LinkByRows(from, aBefore, static_cast<size_t>(least - aBefore.begin()), to);
     else
         LinkBySums(from, aBefore, to);
     return aArrivals;
@@ -70,34 +70,29 @@ void ChordLinker::Take(size_t nWay, int64_t lCost, uint32_t nFrom)
         aArrivals.push_back({.nFrom = nWay == 0 ? 0 : aArrivals.back().nFrom, .lCost = lBestStart});
 }
 
-void ChordLinker::LinkByRows(ChordWays const& from, std::span<HeldWay const> aBefore, int32_t lLeast, ChordWays& to)
+void ChordLinker::LinkByRows(ChordWays const& from, std::span<HeldWay const> aBefore, size_t nLeast, ChordWays& to)
 {
+    // What lies above the most that it takes to come from the cheapest record is cheapest for nobody.
+    int32_t const lLeast = aBefore[nLeast].lCost;
+    int64_t const lMostAbove = Furthest(RowsOf(from, aBefore[nLeast], to), to) - prices.Least();
     aCandidates.clear();
     for (uint32_t n = 0; n < aBefore.size(); ++n)
     {
-        HeldWay const& before = aBefore[n];
-        int64_t const lAbove = int64_t{before.lCost} - lLeast;
-        if (lAbove > 2 * prices.Furthest())
-            continue; // the cheapest one is cheaper for every way
-        Candidate& candidate = aCandidates.emplace_back();
-        for (size_t i = 0; i < before.hand.size(); ++i)
-            candidate.aRow[i] = to.FingerRow(i, before.hand[i]);
-        candidate.aRow[lFingers] = to.MoveRow(before.before);
-        candidate.aRow[lFingers + 1] = to.DirectionRow(from.Note(before.nWay));
-        candidate.lCost = static_cast<int16_t>(lAbove);
-        candidate.nFrom = n;
+        int64_t const lAbove = int64_t{aBefore[n].lCost} - lLeast;
+        if (lAbove <= lMostAbove)
+            aCandidates.push_back(
+                {.aRow = RowsOf(from, aBefore[n], to), .lCost = static_cast<int16_t>(lAbove), .nFrom = n});
     }
-    aBest.assign(to.Vectors(), {});
-    aWhich.assign(to.Vectors(), {});
-    constexpr int16_t lUnreached = INT16_MAX;
+    aBest.resize(to.Vectors());
     for (Lanes& best : aBest)
-        best.v = LaneVector{} + lUnreached;
+        best.v = LaneVector{} + INT16_MAX;
+    aWhich.resize(to.Vectors());
+    aFrom.resize(to.Count());
     std::span<Candidate const> const aAll = aCandidates;
-    std::vector<uint32_t> aFrom(to.Count());
     for (size_t nBegin = 0; nBegin < aAll.size(); nBegin += cMostAtOnce)
     {
         for (Lanes& which : aWhich)
-            which.v = LaneVector{} - int16_t{1};
+            which.v = LaneVector{} - 1;
         CheapestOf(aAll.subspan(nBegin, std::min(cMostAtOnce, aAll.size() - nBegin)), to);
         for (size_t n = 0; n < to.Count(); ++n)
             if (int16_t const nWhich = aWhich[n / lLanes].v[n % lLanes]; nWhich >= 0)
@@ -105,6 +100,26 @@ void ChordLinker::LinkByRows(ChordWays const& from, std::span<HeldWay const> aBe
     }
     for (size_t n = 0; n < to.Count(); ++n)
         Take(n, lLeast + int64_t{aBest[n / lLanes].v[n % lLanes]} + to.Arrival(n), aFrom[n]);
+}
+
+ChordLinker::TermRows ChordLinker::RowsOf(ChordWays const& from, HeldWay const& before, ChordWays& to)
+{
+    return {to.FingerRow(0, before.hand[0]), to.FingerRow(1, before.hand[1]), to.FingerRow(2, before.hand[2]),
+            to.FingerRow(3, before.hand[3]), to.MoveRow(before.before),       to.DirectionRow(from.Note(before.nWay))};
+}
+
+/// The highest sum of terms that any way has.
+int32_t ChordLinker::Furthest(TermRows const& rows, ChordWays const& to)
+{
+    int32_t lMost = INT16_MIN;
+    for (size_t n = 0; n < to.Count(); ++n)
+    {
+        int32_t lSum = 0;
+        for (uint32_t nRow : rows)
+            lSum += to.Rows()[nRow + n / lLanes].v[n % lLanes];
+        lMost = std::max(lMost, lSum);
+    }
+    return lMost;
 }
 
 void ChordLinker::CheapestOf(std::span<Candidate const> aSome, ChordWays const& to)
@@ -172,14 +187,11 @@ void ChordLinker::ListHeld(ChordWays const& to, std::span<HeldWay const> aBefore
         uint32_t const lFree = UsedFingers(from.hand) & ~UsedFingers(plain.hand);
         for (uint32_t lHeld = (0 - lFree) & lFree; lHeld != 0; lHeld = (lHeld - lFree) & lFree)
         {
-            HeldWay held = plain;
-            for (uint32_t l = lHeld; l; l &= l - 1)
-            {
-                auto const i = static_cast<size_t>(std::countr_zero(l));
-                held.hand[i] = from.hand[i];
-            }
+            HeldWay& held = aList.emplace_back(plain);
+            for (size_t i = 0; i < held.hand.size(); ++i)
+                if (lHeld >> i & 1)
+                    held.hand[i] = from.hand[i];
             held.before.lPosition = static_cast<int16_t>(states.Position(held.hand));
-            aList.push_back(held);
         }
         if (plain.before.lPosition == lNoHand)
             plain.before = HandFurtherBack(from.before);

@@ -23,6 +23,7 @@ struct Arrival
 {
     uint32_t nFrom = 0; ///< in the list before
     int32_t lCost = 0;
+    friend bool operator==(Arrival const&, Arrival const&) = default;
 };
 
 /// The list of a first chord.
@@ -44,13 +45,16 @@ public:
     void ListHeld(ChordWays const& to, std::span<HeldWay const> aBefore, std::vector<HeldWay>& aList) const;
 
 private:
+    using TermRows = std::array<uint32_t, lFingers + 2>; ///< the fingers', the move's and the direction's
     struct Candidate
     {
-        std::array<uint32_t, lFingers + 2> aRow; ///< of its terms
-        int16_t lCost;                           ///< above the cheapest of the list
+        TermRows aRow;
+        int16_t lCost; ///< above the cheapest of the list
         uint32_t nFrom;
     };
-    void LinkByRows(ChordWays const& from, std::span<HeldWay const> aBefore, int32_t lLeast, ChordWays& to);
+    void LinkByRows(ChordWays const& from, std::span<HeldWay const> aBefore, size_t nLeast, ChordWays& to);
+    static TermRows RowsOf(ChordWays const& from, HeldWay const& before, ChordWays& to);
+    static int32_t Furthest(TermRows const& rows, ChordWays const& to);
     void CheapestOf(std::span<Candidate const> aCandidates, ChordWays const& to);
     void LinkBySums(ChordWays const& from, std::span<HeldWay const> aBefore, ChordWays const& to);
     void Take(size_t nWay, int64_t lCost, uint32_t nFrom);
@@ -61,5 +65,6 @@ private:
     std::vector<Candidate> aCandidates;
     std::vector<Lanes> aBest;  ///< by way: the least sum of terms so far
     std::vector<Lanes> aWhich; ///< and the candidate that it came from
+    std::vector<uint32_t> aFrom;
 };
 } // namespace zarn

@@ -12,8 +12,6 @@ namespace
 {
 constexpr size_t lMasks = 256;
 constexpr size_t lStateFrets = lHighestFret + 1;
-constexpr int32_t lLowestPosition = (1 - (lFingers - 1)) * lPositionsToFret; ///< finger 4 at the first fret
-constexpr size_t lPositions = lHighestFret * lPositionsToFret - lLowestPosition + 1;
 } // namespace
 
 FingerStates::FingerStates() : aState{{{}, IDLE}}, aNumber(lMasks * lStateFrets) {}
@@ -69,7 +67,7 @@ ChordWays::ChordWays(PitchSet const& pitches, StepPrices const& prices, FingerSt
 
 void ChordWays::DropRows()
 {
-    cbRows -= aRows.size() * sizeof(Lanes);
+    cbRows -= aRows.capacity() * sizeof(Lanes);
     aRows = {};
     aFingerRow = {};
     aUseRow = {};
@@ -86,8 +84,9 @@ size_t ChordWays::WayBytes() const
 
 void ChordWays::Grow(size_t cVectors)
 {
+    size_t const cBefore = aRows.capacity();
     aRows.resize(aRows.size() + cVectors);
-    cbRows += cVectors * sizeof(Lanes);
+    cbRows += (aRows.capacity() - cBefore) * sizeof(Lanes);
 }
 
 template <typename Price>
@@ -102,13 +101,8 @@ uint32_t ChordWays::NewRow(Price price)
     return nRow;
 }
 
-uint32_t ChordWays::FingerRow(size_t inxFinger, FingerState before)
+uint32_t ChordWays::NewFingerRow(size_t inxFinger, FingerState before)
 {
-    std::vector<uint32_t>& aRow = aFingerRow[inxFinger];
-    if (before >= aRow.size())
-        aRow.resize(states.Count());
-    if (aRow[before] != 0)
-        return aRow[before];
     FingerUse const use = states.Use(before);
     auto const price = [&](size_t n)
     {
@@ -117,29 +111,19 @@ uint32_t ChordWays::FingerRow(size_t inxFinger, FingerState before)
     };
     // Where no way has the finger lie exactly so, only its use counts, and all such places share a row.
     bool const bTheirs = std::ranges::any_of(aHand, [&](HandState const& hand) { return hand[inxFinger] == before; });
-    uint32_t& nShared = aUseRow[inxFinger * lFingerUses + use];
-    if (bTheirs)
-        return aRow[before] = NewRow(price);
-    if (nShared == 0)
-        nShared = NewRow(price);
-    return aRow[before] = nShared;
+    uint32_t nOwn = 0;
+    uint32_t& nRow = bTheirs ? nOwn : aUseRow[inxFinger * lFingerUses + use];
+    if (nRow == 0)
+        nRow = NewRow(price);
+    return aFingerRow[before][inxFinger] = nRow;
 }
 
-uint32_t ChordWays::MoveRow(HandBefore before)
+uint32_t ChordWays::NewMoveRow(HandBefore before)
 {
-    if (before.lPosition == lNoHand)
-        return 0;
-    if (aMoveRow.empty())
-        aMoveRow.resize(lPositions * lMostSteps);
-    uint32_t& nRow =
-        aMoveRow[static_cast<size_t>((before.lPosition - lLowestPosition) * lMostSteps + before.Steps() - 1)];
-    if (nRow == 0)
-        nRow = NewRow(
-            [&](size_t n) {
-                return aPosition[n] == lNoHand ? 0
-                                               : prices.Move(std::abs(aPosition[n] - before.lPosition), before.Steps());
-            });
-    return nRow;
+    return NewRow(
+        [&](size_t n) {
+            return aPosition[n] == lNoHand ? 0 : prices.Move(std::abs(aPosition[n] - before.lPosition), before.Steps());
+        });
 }
 
 uint32_t ChordWays::DirectionRow(MelodyNote before)
@@ -166,7 +150,6 @@ size_t ChordWaysStore::Hash::operator()(PitchSet const& pitches) const
 
 std::shared_ptr<ChordWays> ChordWaysStore::Get(PitchSet const& pitches)
 {
-    constexpr size_t cbMost = 3'000'000;
     if (cbRows + cbWays > cbMost)
     {
         for (auto const& [key, pSet] : aSets)

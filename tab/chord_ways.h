@@ -86,14 +86,33 @@ public:
     /// What is given is the row's place in Rows(), which moves as rows are made.
     [[nodiscard]] size_t Vectors() const { return Lanes_For(aWay.size()); }
     [[nodiscard]] Lanes const* Rows() const { return aRows.data(); }
-    [[nodiscard]] uint32_t FingerRow(size_t inxFinger, FingerState before);
-    [[nodiscard]] uint32_t MoveRow(HandBefore before);
+    [[nodiscard]] uint32_t FingerRow(size_t inxFinger, FingerState before)
+    {
+        if (before >= aFingerRow.size())
+            aFingerRow.resize(states.Count());
+        uint32_t const nRow = aFingerRow[before][inxFinger];
+        return nRow != 0 ? nRow : NewFingerRow(inxFinger, before);
+    }
+    [[nodiscard]] uint32_t MoveRow(HandBefore before)
+    {
+        if (before.lPosition == lNoHand)
+            return 0;
+        if (aMoveRow.empty())
+            aMoveRow.resize(lPositions * lMostSteps);
+        auto const n = static_cast<size_t>((before.lPosition - lLowestPosition) * lMostSteps + before.Steps() - 1);
+        return aMoveRow[n] != 0 ? aMoveRow[n] : aMoveRow[n] = NewMoveRow(before);
+    }
     [[nodiscard]] uint32_t DirectionRow(MelodyNote before);
 
     [[nodiscard]] size_t WayBytes() const; ///< that it takes up without its rows, about
     void DropRows();
 
 private:
+    static constexpr int32_t lLowestPosition = (1 - (lFingers - 1)) * lPositionsToFret; ///< finger 4 at the first fret
+    static constexpr size_t lPositions = lHighestFret * lPositionsToFret - lLowestPosition + 1;
+
+    uint32_t NewFingerRow(size_t inxFinger, FingerState before);
+    uint32_t NewMoveRow(HandBefore before);
     void Grow(size_t cVectors);
     template <typename Price>
     uint32_t NewRow(Price price);
@@ -110,7 +129,7 @@ private:
     int64_t lLeastArrival = 0;
 
     std::vector<Lanes> aRows;
-    std::array<std::vector<uint32_t>, lFingers> aFingerRow; ///< by state; 0 for none yet
+    std::vector<std::array<uint32_t, lFingers>> aFingerRow; ///< by state; 0 for none yet
     std::array<uint32_t, lFingers* lFingerUses> aUseRow = {};
     std::vector<uint32_t> aMoveRow;
     std::vector<uint32_t> aDirectionRow;
@@ -120,7 +139,10 @@ private:
 class ChordWaysStore
 {
 public:
-    ChordWaysStore(StepPrices const& prices, FingerStates& states) : prices(prices), states(states) {}
+    ChordWaysStore(StepPrices const& prices, FingerStates& states, size_t cbMost = 3'000'000)
+        : prices(prices), states(states), cbMost(cbMost)
+    {
+    }
     /// Never null; without ways when the pitches can't be played.
     [[nodiscard]] std::shared_ptr<ChordWays> Get(PitchSet const& pitches);
 
@@ -131,6 +153,7 @@ private:
     };
     StepPrices const& prices;
     FingerStates& states;
+    size_t cbMost;
     size_t cbRows = 0;
     size_t cbWays = 0;
     std::unordered_map<PitchSet, std::shared_ptr<ChordWays>, Hash> aSets;

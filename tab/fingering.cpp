@@ -221,8 +221,9 @@ struct Fingered
     Element* pelFailed = nullptr;
 };
 
-Fingered FingerStretch(Element* pelFirst, Element* pelLast, bool bVerbose, std::vector<ChordFingering>* pSteps)
+Fingered FingerStretch(ChordPlace first, Element* pelLast, bool bVerbose, std::vector<ChordFingering>* pSteps)
 {
+    Element* const pelFirst = first.pel;
     if (!pelFirst)
     {
         Serious("Bug!  Duff call to Tab_DoFingering.");
@@ -236,7 +237,6 @@ Fingered FingerStretch(Element* pelFirst, Element* pelLast, bool bVerbose, std::
         return {Outcome::BROKEN_OFF, pelFirst};
     }
     SetWaitCursor(hwndMain, true);
-    ChordPlace const first = {pelFirst, Tab_InArpeggio(pelFirst)};
     Search search(bVerbose, pSteps != nullptr);
     Outcome const outcome = search.Run(first, pelLast);
     Element* const pelFailed = outcome == Outcome::BROKEN_OFF ? search.Latest() : nullptr;
@@ -247,11 +247,43 @@ Fingered FingerStretch(Element* pelFirst, Element* pelLast, bool bVerbose, std::
     SetWaitCursor(hwndMain, false);
     return {outcome, pelFailed};
 }
+
+ChordPlace PlaceOf(Element* pel) { return {pel, Tab_InArpeggio(pel)}; }
+
+bool IsSectionSign(Element const* pel) { return pel->sort == ARPEGSTART || pel->sort == ARPEGEND; }
+
+/// Takes the walk on to a note.
+void WalkTo(FingeringWalk& walk, Element const* pelNote)
+{
+    Element const* pelSign = nullptr; // the nearest one behind where the walk was
+    Element const* pel = Prev(pelNote);
+    for (; pel && pelNote != walk.pelLast; pel = Prev(pel))
+    {
+        walk.bBehindTried = walk.bBehindTried || pel == walk.pelTriedEnd;
+        if (pel == walk.pelLast)
+            break;
+        if (!pelSign && IsSectionSign(pel))
+            pelSign = pel;
+    }
+    if (pelSign)
+        walk.bInArpeggio = pelSign->sort == ARPEGSTART;
+    walk.pelLast = pelNote;
+}
+
+/// A chord's first note, from a note of it that the walk stands at.
+ChordPlace FirstOfChord(FingeringWalk const& walk, Element* pelNote)
+{
+    Element* const pelFirst = ChordFirst(pelNote);
+    for (Element const* pel = pelNote; pelFirst && pel != pelFirst; pel = Prev(pel))
+        if (IsSectionSign(pel))
+            return PlaceOf(pelFirst);
+    return {pelFirst, walk.bInArpeggio};
+}
 } // namespace
 
 Element* Tab_DoFingering(Element* pelFirst, Element* pelLast, bool bVerbose, std::vector<ChordFingering>* pSteps)
 {
-    return FingerStretch(pelFirst, pelLast, bVerbose, pSteps).pelFailed;
+    return FingerStretch(PlaceOf(pelFirst), pelLast, bVerbose, pSteps).pelFailed;
 }
 
 void Tab_FingerStaffs()
@@ -260,7 +292,8 @@ void Tab_FingerStaffs()
     for (int32_t lStaff = 1; lStaff <= lHighestStaff; ++lStaff)
     {
         Element* const pelFirst = IsVisible(lStaff) ? NextNote(StaffFirst(lStaff)) : nullptr;
-        if (pelFirst && FingerStretch(pelFirst, StaffLast(lStaff), true, nullptr).outcome == Outcome::CALLED_OFF)
+        if (pelFirst &&
+            FingerStretch(PlaceOf(pelFirst), StaffLast(lStaff), true, nullptr).outcome == Outcome::CALLED_OFF)
             return;
     }
 }
@@ -274,11 +307,20 @@ void RefreshBarFingering(Element* pel)
         Tab_DoFingering(pelStart, LastInBar(pelStart), true);
 }
 
-void Tab_FingerChord(Element* pelNote)
+void Tab_FingerChord(Element* pelNote, FingeringWalk* pWalk)
 {
-    Element* const pelFirst = ChordFirst(pelNote);
-    Element* const pelLast = ChordLast(pelNote);
+    FingeringWalk alone;
+    FingeringWalk& walk = pWalk ? *pWalk : alone;
+    if (pelNote)
+        WalkTo(walk, pelNote);
+    if (!walk.bBehindTried)
+        return;
+    ChordPlace const first = FirstOfChord(walk, pelNote);
     // A chord that has lost its last note ends with the notes that it has: the first one's chain tells them.
-    Tab_DoFingering(pelFirst, pelLast ? pelLast : pelFirst, false);
+    Element* const pelChordLast = ChordLast(pelNote);
+    Element* const pelLast = pelChordLast ? pelChordLast : first.pel;
+    FingerStretch(first, pelLast, false, nullptr);
+    walk.pelTriedEnd = pelLast;
+    walk.bBehindTried = !first.pel;
 }
 } // namespace zarn

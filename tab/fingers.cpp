@@ -5,7 +5,6 @@
 #include "platform/types.h"
 
 #include <algorithm>
-#include <bit>
 
 namespace zarn
 {
@@ -28,18 +27,12 @@ int32_t FretPos(int32_t lFret) { return aFretPos[static_cast<size_t>(std::min(lF
 /// strings, string 2 and on, so that its limit goes with the tuning; so does every bar that holds a seventh string.
 int32_t BarLimit(int32_t lMask, int32_t lHigherFinger)
 {
-    int32_t const lWidth = BarWidth(lMask);
+    int32_t const lWidth = aBarWidth[static_cast<size_t>(lMask)];
     if (lMask >= lPricedMasks || lWidth >= lBarRows)
         return aOpenPitch[static_cast<size_t>(lHigherFinger - 1)];
     return aBarSpan[lWidth][lHigherFinger];
 }
 } // namespace
-
-int32_t BarWidth(int32_t lMask)
-{
-    constexpr int32_t lTwoTrebleStrings = 3;
-    return lMask == lTwoTrebleStrings ? 3 : std::popcount(static_cast<uint32_t>(lMask));
-}
 
 int32_t Fingers_Sounded(Fingers const& f)
 {
@@ -108,7 +101,7 @@ bool Fingers_PairOK(int32_t lFingerA, FingersFinger a, int32_t lFingerB, Fingers
         return true;
     if (b.bFret < a.bFret)
         return false;
-    int32_t const lWidth = BarWidth(a.bMask);
+    int32_t const lWidth = aBarWidth[a.bMask];
     if (lWidth == 1 && a.bFret == b.bFret && b.bMask > a.bMask)
         return false; // on one fret a higher finger can't lie nearer the bass
     int32_t const lDistance = FretPos(a.bFret) - FretPos(b.bFret);

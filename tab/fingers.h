@@ -7,6 +7,8 @@
 #include "tab/tuning.h"
 
 #include <array>
+#include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <type_traits>
 
@@ -48,9 +50,16 @@ static_assert(std::is_trivially_copyable_v<Fingers>);
 constexpr std::array<int32_t, lFrets + 1> aFretPos = {1000, 944, 891, 841, 794, 749, 707, 667, 630, 595, 561, 530, 500,
                                                       472,  445, 420, 397, 375, 354, 334, 315, 297, 281, 265, 250};
 
-/// Strings under a finger, as everything that prices or measures a bar sees them: the bits of the mask, but 3 for the
-/// two treble strings together.
-[[nodiscard]] int32_t BarWidth(int32_t lMask);
+/// Strings under a finger, by its mask, as everything that prices or measures a bar sees them: the bits of the mask,
+/// but 3 for the two treble strings together.
+constexpr std::array<uint8_t, 256> aBarWidth = []
+{
+    std::array<uint8_t, 256> aWidth = {};
+    for (size_t lMask = 0; lMask < aWidth.size(); ++lMask)
+        aWidth[lMask] = static_cast<uint8_t>(std::popcount(lMask));
+    aWidth[3] = 3;
+    return aWidth;
+}();
 
 [[nodiscard]] int32_t Fingers_Sounded(Fingers const& f); ///< strings that sound
 /// Of the first string that sounds: its pitch, and its index. -1 when none does.

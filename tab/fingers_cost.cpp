@@ -11,8 +11,6 @@ namespace zarn
 {
 namespace
 {
-constexpr int32_t lTenths = 10; ///< weights that are scaled count in tenths
-
 /// What fingers in use cost, by the set of them, finger 1 at bit 0.
 constexpr int32_t aFingerUseCost[1 << lFingers] = {0, 10, 11, 24, 12, 25, 26, 44, 15, 28, 29, 47, 30, 48, 50, 66};
 
@@ -50,7 +48,7 @@ int32_t Fingers_OwnCost(Fingers const& f)
 
 FingerUse Finger_Use(FingersFinger finger)
 {
-    int32_t const lWidth = BarWidth(finger.bMask);
+    int32_t const lWidth = aBarWidth[finger.bMask];
     return lWidth == 0 ? IDLE : lWidth == 1 ? ON_ONE_STRING : BARRING;
 }
 
@@ -59,25 +57,24 @@ MelodyNote Fingers_MelodyNote(Fingers const& f)
     return Fingers_Sounded(f) == 1 ? MelodyNote{Fingers_TopPitch(f), Fingers_TopString(f)} : MelodyNote{};
 }
 
-StepPrices::StepPrices()
+StepPrices::StepPrices() : lWristMoved(lWristMovement)
 {
     int32_t const aaWeight[lFingerUses][lFingerUses] = {{0, lAddFinger, lAddBarlock},
                                                         {lRemoveFinger, lMoveFinger, lMoveBarlock},
                                                         {lRemoveBarlock, lMoveBarlock, lMoveBarlock}};
     int64_t lFurthestChange = 0;
+    int64_t lLeastChange = 0;
     for (size_t before = 0; before < lFingerUses; ++before)
         for (size_t after = 0; after < lFingerUses; ++after)
         {
             aaChange[before][after] = int64_t{aaWeight[before][after]} * lFingerMovement / lTenths;
             lFurthestChange = std::max(lFurthestChange, std::abs(aaChange[before][after]));
+            lLeastChange = std::min(lLeastChange, aaChange[before][after]);
         }
-    lFurthest =
-        lFingers * lFurthestChange + std::abs(Move(lFurthestMove, 1)) + std::abs(int64_t{lUnnaturalTransitions});
-}
-
-int64_t StepPrices::Move(int32_t lDistance, int32_t lSteps) const
-{
-    return int64_t{lDistance / lSteps} * lWristMovement / lTenths;
+    int64_t const lFurthestMoved = Move(lFurthestMove, 1);
+    int64_t const lDirection = lUnnaturalTransitions;
+    lFurthest = lFingers * lFurthestChange + std::abs(lFurthestMoved) + std::abs(lDirection);
+    lLeast = lFingers * lLeastChange + std::min<int64_t>(lFurthestMoved, 0) + std::min<int64_t>(lDirection, 0);
 }
 
 int64_t StepPrices::Direction(MelodyNote before, MelodyNote after) const

@@ -35,6 +35,8 @@ struct MelodyNote
 
 constexpr int32_t lMostSteps = 3; ///< records looked back at for where the hand last was
 
+constexpr int32_t lTenths = 10; ///< weights that are scaled count in tenths
+
 /// The terms of a step by the weights in force when it was made.
 class StepPrices
 {
@@ -44,7 +46,10 @@ public:
     /// For a finger that changes from one use to another. Nothing when mask and fret stay the same.
     [[nodiscard]] int64_t Change(FingerUse before, FingerUse after) const { return aaChange[before][after]; }
     /// For the wrist's way of lDistance, in twelfths of a fret, over a number of steps; nothing without a hand.
-    [[nodiscard]] int64_t Move(int32_t lDistance, int32_t lSteps) const;
+    [[nodiscard]] int64_t Move(int32_t lDistance, int32_t lSteps) const
+    {
+        return int64_t{lDistance / lSteps} * lWristMoved / lTenths;
+    }
     /// For a melody that rises while it goes toward the bass strings, or falls while it goes toward the treble.
     [[nodiscard]] int64_t Direction(MelodyNote before, MelodyNote after) const;
     /// For the hand's position, lNoHand included.
@@ -52,9 +57,13 @@ public:
 
     /// No sum of the changes of four fingers, a move and a direction is further from 0.
     [[nodiscard]] int64_t Furthest() const { return lFurthest; }
+    /// And none is lower: 0 unless weights are below 0.
+    [[nodiscard]] int64_t Least() const { return lLeast; }
 
 private:
     std::array<std::array<int64_t, lFingerUses>, lFingerUses> aaChange = {};
+    int64_t lWristMoved;
     int64_t lFurthest = 0;
+    int64_t lLeast = 0;
 };
 } // namespace zarn

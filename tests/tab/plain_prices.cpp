@@ -33,8 +33,8 @@ int32_t Fingers_HandPosition(Fingers const& f)
 
 static int32_t FingerPrice(FingersFinger a, FingersFinger b)
 {
-    int32_t const lWidthA = BarWidth(a.bMask);
-    int32_t const lWidthB = BarWidth(b.bMask);
+    int32_t const lWidthA = aBarWidth[a.bMask];
+    int32_t const lWidthB = aBarWidth[b.bMask];
     if (a.bMask != b.bMask)
     {
         if (lWidthA > 1 && lWidthB > 1)

@@ -191,6 +191,7 @@ void Fingers_Link(Element* pelPrev, Element* pel)
             pfBest = List_FirstAs<PlainFingers>(pelPrev->listFingers);
         b->pfPrev = pfBest;
         b->lCost = lBest;
+        b->lStepCost = Clamp32(int64_t{lBest} - b->lOwnCost - pfBest->lCost);
         ++pfBest->lRefCount;
         if (bArpeggio)
             Fingers_CarryRing(*pfBest, *b);
@@ -270,8 +271,7 @@ static void StoreNote(Element* pel, Fingers const& f)
 
 static ChordFingering Told(Element* pel, PlainFingers const& f)
 {
-    int32_t const lStep = f.pfPrev ? Clamp32(int64_t{f.lCost} - f.lOwnCost - f.pfPrev->lCost) : 0;
-    return {.pelFirst = pel, .lOwnCost = f.lOwnCost, .lStepCost = lStep, .lTotalCost = f.lCost};
+    return {.pelFirst = pel, .lOwnCost = f.lOwnCost, .lStepCost = f.lStepCost, .lTotalCost = f.lCost};
 }
 
 /// Walks from the first element of the stretch; an end inside a chord is met with the chord.

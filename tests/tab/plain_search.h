@@ -16,6 +16,7 @@ using pf = PlainFingers*;
 struct PlainFingers : Fingers ///< lCost becomes the cost of the cheapest path that ends here
 {
     int32_t lOwnCost = 0;
+    int32_t lStepCost = 0; ///< of the step from pfPrev
     int32_t lRefCount = 0; ///< records of the next chord that name this one as pfPrev
     pf pfPrev = nullptr;   ///< the record before it on that path, which it holds alive; null at the first chord
 };

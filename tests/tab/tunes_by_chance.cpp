@@ -124,6 +124,7 @@ Result Run(ScriptHost& user, Search search, Element* pelFirst, Element* pelLast,
         pel->fOverBar = 0;
     }
     Serious_Rearm();
+    user.pOnShown = [](Shown const&) { Serious_Rearm(); }; // every message counts, not only the first
     user.shown.clear();
     Result result;
     std::vector<ChordFingering> aSteps;
