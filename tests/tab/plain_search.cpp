@@ -10,8 +10,6 @@ namespace zarn::test
 {
 constexpr int32_t lBestStart = 999999;
 
-void BuildPrimary(List list, std::vector<int32_t> const& aPitches);
-
 static bool Tab_InArpeggio(Element* pelNote)
 {
     for (Element* pel = pelNote; pel; pel = Prev(pel))

@@ -36,6 +36,8 @@ bool Fingers_AllPairsOK(Fingers const& f);
 int32_t Fingers_SoundedMask(Fingers const& f);
 int32_t Fingers_HandPosition(Fingers const& f);
 void Fingers_AssignAndAdd(List list, Fingers const& f);
+/// Every way of playing the pitches, in order, at its own price.
+void BuildPrimary(List list, std::vector<int32_t> const& aPitches);
 
 int32_t Fingers_Transition(PlainFingers const& from, PlainFingers const& to, bool bArpeggio);
 int32_t Fingers_ArpeggioCost(Fingers const& from, Fingers const& to);

@@ -65,9 +65,8 @@ protected:
 TEST_F(TabTunes, SamplesAreFingeredAsByThePlainSearch)
 {
     bAbcListing = false;
-    for (auto const& entry : std::filesystem::directory_iterator(ZARN_SAMPLES_DIR))
-        if (entry.path().extension() == ".abc")
-            CompareFile(entry.path(), false);
+    for (char const* sTune : {"kesh.abc", "skye-boat-song.abc"})
+        CompareFile(std::filesystem::path(ZARN_SAMPLES_DIR) / sTune, false);
     EXPECT_GT(cStaffs, 0);
 }
 

@@ -57,65 +57,61 @@ protected:
     }
 };
 
-TEST_F(Search, MelodiesOnTheGuitar)
-{
-    CompareByWeightSets(1000, 150, {.lNotes = 10, .lLowest = 52, .lHighest = 90}, true);
-}
+TEST_F(Search, MelodiesOnTheGuitar) { CompareByWeightSets(1, 40, {.lNotes = 10, .lLowest = 52, .lHighest = 90}, true); }
 
 TEST_F(Search, ChordsOnTheGuitar)
 {
-    CompareByWeightSets(2000, 60,
-                        {.lNotes = 5, .lChordPercent = 70, .lRepeatPercent = 0, .lLowest = 52, .lHighest = 84}, true);
+    CompareByWeightSets(2, 30, {.lNotes = 5, .lChordPercent = 70, .lRepeatPercent = 0, .lLowest = 52, .lHighest = 84},
+                        true);
 }
 
 TEST_F(Search, OtherInstruments)
 {
-    CompareByWeightSets(3000, 200, {.lNotes = 8, .lChordPercent = 15, .lMostInChord = 3, .lLowest = 48}, false);
+    CompareByWeightSets(3, 60, {.lNotes = 8, .lChordPercent = 15, .lMostInChord = 3, .lLowest = 48}, false);
 }
 TEST_F(Search, MelodiesLongEnoughForPathsToRunTogether)
 {
-    CompareByWeightSets(4000, 5, {.lNotes = 100, .lRepeatPercent = 20, .lLowest = 52, .lHighest = 88}, true);
+    CompareByWeightSets(4, 3, {.lNotes = 100, .lRepeatPercent = 20, .lLowest = 52, .lHighest = 88}, true);
 }
 
 TEST_F(Search, ANoteRepeatedForLong)
 {
-    CompareByWeightSets(5000, 5, {.lNotes = 100, .lRepeatPercent = 97, .lLowest = 52, .lHighest = 88}, true);
+    CompareByWeightSets(5, 2, {.lNotes = 100, .lRepeatPercent = 97, .lLowest = 52, .lHighest = 88}, true);
 }
 
 TEST_F(Search, StretchesThatBreakOff)
 {
     Compare(
-        6, 15, {.lNotes = 45, .lRepeatPercent = 30, .lLowest = 52, .lHighest = 88}, true,
+        6, 5, {.lNotes = 45, .lRepeatPercent = 30, .lLowest = 52, .lHighest = 88}, true,
         [](Random&, int32_t n) { test::SetWeights(n % test::cWeightSets); }, 100);
 }
 
 TEST_F(Search, ArpeggioSections)
 {
-    CompareByWeightSets(7000, 120, {.lNotes = 15, .lChordPercent = 10, .lRepeatPercent = 40, .lSectionPercent = 20},
-                        false);
+    CompareByWeightSets(7, 50, {.lNotes = 15, .lChordPercent = 10, .lRepeatPercent = 40, .lSectionPercent = 20}, false);
 }
 
 TEST_F(Search, WeightsByChance)
 {
-    Compare(8, 120, {.lNotes = 8, .lChordPercent = 15, .lMostInChord = 3, .lLowest = 50}, false,
+    Compare(8, 40, {.lNotes = 8, .lChordPercent = 15, .lMostInChord = 3, .lLowest = 50}, false,
             [](Random& random, int32_t) { test::WeightsByChance(random, 100); });
 }
 
 TEST_F(Search, LargeWeightsByChance)
 {
-    Compare(9, 100, {.lNotes = 8, .lChordPercent = 15, .lMostInChord = 3, .lLowest = 50}, false,
+    Compare(9, 30, {.lNotes = 8, .lChordPercent = 15, .lMostInChord = 3, .lLowest = 50}, false,
             [](Random& random, int32_t n) { test::WeightsByChance(random, n % 2 ? 2500 : 50000); });
 }
 
 TEST_F(Search, WeightsOfAnySize)
 {
-    Compare(10, 80, {.lNotes = 8, .lChordPercent = 15, .lMostInChord = 3, .lLowest = 50}, false,
+    Compare(10, 40, {.lNotes = 8, .lChordPercent = 15, .lMostInChord = 3, .lLowest = 50}, false,
             [](Random& random, int32_t) { test::WeightsByChance(random, INT32_MAX); });
 }
 
 TEST_F(Search, PitchesBeyondAllFrets)
 {
-    Compare(11, 40, {.lNotes = 6, .lChordPercent = 50, .lMostInChord = 3, .lLowest = 310, .lHighest = 345}, true,
+    Compare(11, 15, {.lNotes = 6, .lChordPercent = 50, .lMostInChord = 3, .lLowest = 310, .lHighest = 345}, true,
             [](Random&, int32_t) {});
 }
 
@@ -190,7 +186,7 @@ std::vector<std::string> Told(List list)
 
 TEST_F(Search, EveryListHoldsTheSameRecordsInTheSameOrder)
 {
-    for (int32_t n = 0; n < 40 * Times(); ++n)
+    for (int32_t n = 0; n < 15 * Times(); ++n)
     {
         Random random(15'000'000 + static_cast<uint32_t>(n));
         Fingering_LoadWeights([](FingeringWeight const&) {});
