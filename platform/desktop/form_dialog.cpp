@@ -91,7 +91,8 @@ private:
     QFormLayout* pRows = new QFormLayout;
     QHBoxLayout* pButtons = new QHBoxLayout;
     QPushButton* pDefault = nullptr;
-    QWidget* pFirst = nullptr; ///< where typing begins
+    QWidget* pFirst = nullptr;  ///< where typing begins
+    QLabel* pHeading = nullptr; ///< of the field to come
     std::vector<std::function<void()>> aReadBack;
     std::map<int32_t, QLineEdit*> edits; ///< by control
 };
@@ -99,6 +100,8 @@ private:
 FormDialog::FormDialog(Form& form, QWidget* pParent) : QDialog(pParent)
 {
     setWindowTitle(ToQt(form.sTitle));
+    constexpr int lTitleButtons = 140; // pixels, and the icon
+    setMinimumWidth(fontMetrics().horizontalAdvance(windowTitle()) + lTitleButtons);
     QObject::connect(new QShortcut(QKeySequence(Qt::Key_F1), this), &QShortcut::activated, this,
                      [] { (void)Manual_Show(); });
     auto* const pAll = new QVBoxLayout(this);
@@ -143,6 +146,7 @@ void FormDialog::Add(FormControl& control)
         pLabel->setWordWrap(true);
         pLabel->setMinimumWidth(lEditWidth);
         pRows->addRow(pLabel);
+        pHeading = pLabel;
         break;
     }
     case FormControl::EDIT:
@@ -177,6 +181,8 @@ void FormDialog::AddRow(FormControl const& control, QWidget* pWidget)
     if (control.sLabel.empty())
     {
         pWidget->setAccessibleName(windowTitle());
+        if (pHeading)
+            pHeading->setBuddy(pWidget); // so that & marks its key
         pRows->addRow(pWidget);
     }
     else
@@ -282,7 +288,8 @@ void FormDialog::AddButton(FormControl const& control)
 {
     auto* const pButton = new QPushButton(ToQt(control.sLabel));
     pButtons->addWidget(pButton); // first: the default button is a matter of the dialog's
-    pButton->setAutoDefault(false);
+    // Enter presses the button that has the focus; from any other field the default one.
+    pButton->setAutoDefault(true);
     if (control.kind == FormControl::DEFAULT_BUTTON)
     {
         pButton->setDefault(true);

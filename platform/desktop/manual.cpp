@@ -2,8 +2,9 @@
 #include "platform/desktop/manual.h"
 
 #include <QApplication>
-#include <QDesktopServices>
 #include <QDir>
+#include <QKeyEvent>
+#include <QPointer>
 #include <QTextBrowser>
 #include <QUrl>
 
@@ -23,27 +24,49 @@ static QString ManualPath()
     return {};
 }
 
-/// An open dialog lets no window have the keys but its own: then the manual is one of those.
-static void ShowOurselves(QUrl const& url)
+namespace
 {
-    constexpr QSize size(900, 700);
-    auto* const pBrowser = new QTextBrowser(QApplication::activeModalWidget());
-    pBrowser->setWindowFlag(Qt::Window);
-    pBrowser->setAttribute(Qt::WA_DeleteOnClose);
-    pBrowser->setWindowTitle(QStringLiteral("Zarn help"));
-    pBrowser->setSource(url);
-    pBrowser->resize(size);
-    pBrowser->show();
-}
+/// A window of its own, beside the score. Links out of the manual go to the user's browser.
+class ManualWindow : public QTextBrowser
+{
+public:
+    ManualWindow(QUrl const& url, QWidget* pParent) : QTextBrowser(pParent)
+    {
+        setWindowFlag(Qt::Window);
+        constexpr QSize size(900, 700);
+        setAttribute(Qt::WA_DeleteOnClose);
+        setWindowTitle(QStringLiteral("Zarn help"));
+        setOpenExternalLinks(true);
+        setSource(url);
+        resize(size);
+    }
+
+protected:
+    void keyPressEvent(QKeyEvent* pKey) override
+    {
+        if (pKey->matches(QKeySequence::Cancel))
+            close();
+        else
+            QTextBrowser::keyPressEvent(pKey);
+    }
+};
+} // namespace
 
 bool Manual_Show()
 {
+    static QPointer<ManualWindow> pShown;
     QString const sPath = ManualPath();
     if (sPath.isEmpty())
         return false;
-    QUrl const url = QUrl::fromLocalFile(sPath);
-    if (!QDesktopServices::openUrl(url))
-        ShowOurselves(url);
+    // An open dialog lets no window have the keys but its own: then the manual is one of those.
+    QWidget* const pDialog = QApplication::activeModalWidget();
+    if (pShown && pShown->parentWidget() != pDialog)
+        delete pShown;
+    if (!pShown)
+        pShown = new ManualWindow(QUrl::fromLocalFile(sPath), pDialog);
+    pShown->show();
+    pShown->raise();
+    pShown->activateWindow();
     return true;
 }
 } // namespace zarn

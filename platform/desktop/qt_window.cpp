@@ -41,7 +41,6 @@ QtWindow::QtWindow(std::string_view sTitle, Painter* pPainter, Door* pDoor, bool
     pLayout->addWidget(pCanvas, 1);
     pLayout->addWidget(pScroll);
     frame.setCentralWidget(pInside);
-    pStatus->setAccessibleName(QStringLiteral("Status"));
     frame.statusBar()->addWidget(pStatus, 1);
     frame.statusBar()->setSizeGripEnabled(false);
     SetTitle(sTitle);
