@@ -97,6 +97,64 @@ TEST_F(CommandRules, AClearedMarkGreysCutAndCopyButNotPaste)
     EXPECT_FALSE(Menu_IsGrey(COMMAND_PASTE));
 }
 
+TEST_F(CommandRules, ACutMakesPastePossibleAndAMarkThatFindsNothingGreysTheCut)
+{
+    Mark();
+    for (int32_t const lCommand : {51, 52})
+        Menu_Enable(lCommand, true);
+    Command(COMMAND_CUT);
+    EXPECT_EQ(Read(1), "clef:1 time:4/4 n4/48 n7/48 |");
+    EXPECT_FALSE(Menu_IsGrey(COMMAND_PASTE));
+    Press("esc");
+    Window().SetPointer({At(1, 2)->lX, At(1, 2)->lY});
+    Press("<");
+    EXPECT_FALSE(Menu_IsGrey(COMMAND_CUT));
+    Window().SetPointer({1100, At(1, 2)->lY}); // behind all that is there
+    Press("<");
+    EXPECT_TRUE(Menu_IsGrey(COMMAND_CUT) && Menu_IsGrey(COMMAND_COPY));
+}
+
+TEST_F(CommandRules, APasteLaysOutAndRepaintsWhetherOrNotThatIsContinuous)
+{
+    bAutoLayout = false;
+    Mark();
+    for (int32_t const lCommand : {51, 52})
+        Menu_Enable(lCommand, true);
+    Command(COMMAND_COPY);
+    Window().SetPointer({At(1, 5)->lX + 3 * xunit, At(1, 5)->lY});
+    Update();
+    Command(COMMAND_PASTE);
+    EXPECT_EQ(Read(1), "clef:1 time:4/4 n4/48 n5/48 n6/48 n7/48 | n5/48 n6/48");
+    EXPECT_TRUE(Window().bRepaintOwed);
+}
+
+TEST_F(CommandRules, TransposingLaysOutAndRepaints)
+{
+    bAutoLayout = false;
+    Mark();
+    Update();
+    Command(COMMAND_TRANSPOSEMARK + 12);
+    EXPECT_EQ(Read(1), "clef:1 time:4/4 n4/48 n12/48 n13/48 n7/48 |");
+    EXPECT_TRUE(Window().bRepaintOwed);
+    Command(COMMAND_TRANSPOSEALL - 12);
+    EXPECT_EQ(Read(1), "clef:1 time:4/4 n-3/48 n5/48 n6/48 n0/48 |");
+}
+
+TEST_F(CommandRules, AdjustContinuouslyLaysOutOnlyWhenItComesOn)
+{
+    Command(COMMAND_ADJUSTALWAYS);
+    Write(1, "n4/96 n4/96 n4/96");
+    std::string const sUnbarred = Read(1);
+    EXPECT_FALSE(bAutoLayout);
+    Command(COMMAND_ADJUSTALWAYS);
+    EXPECT_TRUE(bAutoLayout);
+    EXPECT_NE(Read(1), sUnbarred) << "the bars have come";
+    Write(1, "n4/96 n4/96 n4/96");
+    std::string const sLonger = Read(1);
+    Command(COMMAND_ADJUSTALWAYS);
+    EXPECT_EQ(Read(1), sLonger);
+}
+
 TEST_F(CommandRules, TheSymbolAheadOfTheMarkSignsIsSavedOnce)
 {
     CurrentSymbol_SetNote(12);

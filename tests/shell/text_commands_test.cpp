@@ -52,6 +52,54 @@ TEST_F(TextCommands, CancelLeavesTheTypesFirstWords)
     EXPECT_EQ(Element_Text(&elCurrent), "annot");
 }
 
+TEST_F(TextCommands, TheDialogBeginsEmpty)
+{
+    Answers(Answer::OK);
+    Command(COMMAND_TEXT);
+    EXPECT_EQ(Messages(), std::vector<std::string>{"Text"});
+    EXPECT_EQ(Element_Text(&elCurrent), "") << "nothing was typed";
+}
+
+TEST_F(TextCommands, ATextTakes256BytesAndAnEditedOneAHundred)
+{
+    Press("esc");
+    PointAt(At(1, 2));
+    AnswersText(std::string(300, 'a'));
+    Command(COMMAND_TEXT);
+    EXPECT_EQ(Element_Text(&elCurrent), std::string(256, 'a'));
+    Element const* const pel = At(1, 4);
+    ASSERT_EQ(pel->sort, LYRICS);
+    AnswersNumber(COMMAND_EDITITEM);
+    AnswersText(std::string(300, 'b'));
+    Click({pel->lX, pel->lY}, true);
+    EXPECT_EQ(Element_Text(At(1, 4)), std::string(100, 'b'));
+}
+
+TEST_F(TextCommands, OnlyTheFirstLetterOfAHarmonyIsRaised)
+{
+    for (auto const& [sTyped, sTaken] : {std::pair{"em7", "Em7"}, {"gdim", "Gdim"}, {"/", "/"}, {"", ""}})
+    {
+        AnswersText(sTyped);
+        Command(COMMAND_HARMONY);
+        EXPECT_EQ(Element_Text(&elCurrent), sTaken);
+        AnswersText(sTyped);
+        Command(COMMAND_WORD);
+        EXPECT_EQ(Element_Text(&elCurrent), sTyped) << "other texts stay as typed";
+    }
+}
+
+TEST_F(TextCommands, CancelOfAnEditedSyllableStoresWhatItHeld)
+{
+    Element const* const pel = At(1, 3);
+    POINT const place{pel->lX, pel->lY};
+    AnswersNumber(COMMAND_EDITITEM);
+    Answers(Answer::CANCEL);
+    bScoreDirty = false;
+    Click(place, true);
+    EXPECT_EQ(Read(1), "clef:1 n4/48 n5/48 lyr\"la \" n6/48");
+    EXPECT_TRUE(bScoreDirty);
+}
+
 TEST_F(TextCommands, EachKindHasItsTitle)
 {
     Command(COMMAND_TITLE);
