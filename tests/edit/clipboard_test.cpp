@@ -415,6 +415,23 @@ TEST_F(Clipboard, TheUndoPlaceOfACutStandsBehindAnyPunctuation)
     EXPECT_EQ(pelUndoPlace, At(1, 0)) << "with nothing but punctuation, the element ahead";
 }
 
+TEST_F(Clipboard, ASlurAroundNothingInsideTheCutTakesNothingElseAlong)
+{
+    Write(1, "n1/48 slur( slur) n5/48 n6/48");
+    Mark(1, 3);
+    Cut(nullptr, nullptr);
+    EXPECT_EQ(Read(1), "n1/48 n6/48");
+    EXPECT_EQ(Held(), "n5/48");
+}
+
+TEST_F(Clipboard, EachSignInTheRangeIsInForceForTheNext)
+{
+    Write(1, "clef:1 key:1 n0/48 clef:3 key:2,1 n-12/48 clef:3 key:2,2 n-12/48 clef:1 key:1,2 n0/48");
+    Mark(2, 11);
+    Copy();
+    EXPECT_EQ(Held(), "n0/48 clef:3 key:2,1 n-12/48 n-12/48 clef:1 key:1,2 n0/48");
+}
+
 TEST_F(Clipboard, AMarkOutOfOrderIsToldAndCutToTheEnd)
 {
     Write(1, "n4/48 n5/48 n6/48");

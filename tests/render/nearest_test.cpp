@@ -11,6 +11,9 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+#include <utility>
+
 namespace zarn
 {
 namespace
@@ -64,6 +67,49 @@ TEST_F(Nearest, NearALinesEdgeTheNextLineIsReached)
     EXPECT_EQ(NearestElement(x, y), At(1, 1)) << "the last tenth reaches on";
     Draw_Fold(135, 4, 1, 1, &x, &y);
     EXPECT_EQ(NearestElement(x, y), nullptr);
+}
+
+TEST_F(Nearest, UpAndDownCountLikeLeftAndRight)
+{
+    Write(1, "x:60 n4/48");
+    ReGrid();
+    Element const* const pel = At(1, 0);
+    EXPECT_EQ(NearestElement(pel->lX, pel->lY + 44), pel);
+    EXPECT_EQ(NearestElement(pel->lX, pel->lY + 45), nullptr);
+    EXPECT_EQ(NearestElement(pel->lX + 31, pel->lY - 32), pel) << "1985";
+    EXPECT_EQ(NearestElement(pel->lX + 32, pel->lY - 32), nullptr) << "2048";
+    EXPECT_EQ(NearestElement(pel->lX + 40, pel->lY + 20), nullptr) << "the limit itself, 2000, is too far";
+}
+
+TEST_F(Nearest, AcrossAnEdgeOnlyWhatStandsStrictlyBeyondTheColumnCounts)
+{
+    Write(1, "x:70 n4/48 x:155 n20/48");
+    ReGrid();
+    At(1, 1)->lX = At(1, 1)->lY = -9999; // out of the way of the first search
+    int32_t x = 0;
+    int32_t y = 0;
+    Draw_Fold(155, 4, 1, 1, &x, &y);
+    EXPECT_EQ(NearestElement(x, y), At(1, 0)) << "not the one at the column itself";
+    Draw_Fold(156, 4, 1, 1, &x, &y);
+    EXPECT_EQ(NearestElement(x, y), At(1, 1));
+    At(1, 0)->lStrX = 140;
+    At(1, 0)->lX = -9999;
+    Draw_Fold(140, 4, 1, 1, &x, &y);
+    EXPECT_EQ(NearestElement(x, y), At(1, 1)) << "the same going on";
+    Draw_Fold(139, 4, 1, 1, &x, &y);
+    EXPECT_EQ(NearestElement(x, y), At(1, 0));
+}
+
+TEST_F(Nearest, OfTwoStaffsTheUpperOneIsFirst)
+{
+    SetStaffCount(2);
+    Write(1, "x:20 n4/48");
+    Write(2, "x:20 n4/48");
+    ReGrid();
+    At(2, 0)->lX = At(1, 0)->lX;
+    At(2, 0)->lY = At(1, 0)->lY;
+    EXPECT_EQ(NearestElement(At(1, 0)->lX, At(1, 0)->lY), At(1, 0));
+    SetStaffCount(1);
 }
 
 TEST_F(Nearest, TheHighlightGoesGreenAndBack)
@@ -155,6 +201,12 @@ TEST_F(Nearest, EachSortHasItsScaleAndHotSpot)
     SetWindowUnits({0, 0, 1200, 800});
 }
 
+struct NoPicture : HeadlessWindow
+{
+    using HeadlessWindow::HeadlessWindow;
+    HDC BeginCursor() override { return nullptr; }
+};
+
 class Pointer : public Nearest
 {
 protected:
@@ -216,10 +268,54 @@ TEST_F(Pointer, EverySymbolHasAShape)
     }
 }
 
-TEST_F(Pointer, TextSortsShowTheirSamples)
+TEST_F(Pointer, TextSortsWithoutTextShowTheirSamples)
 {
-    CurrentSymbol_Set(CHORD);
-    EXPECT_NE(Shape().find("text"), std::string::npos);
+    for (auto const& [sort, sSample] : std::initializer_list<std::pair<int32_t, char const*>>{
+             {CHORD, "F#dim?"}, {LYRICS, "lyr"}, {TITLE, "Ttl"}, {TEXT, "tx"}, {ANNOT, "an"}})
+    {
+        CurrentSymbol_Set(sort);
+        EXPECT_NE(Shape().find(sSample), std::string::npos) << sSample;
+    }
+}
+
+TEST_F(Pointer, AHarmonyBeginsAtTheHotSpot)
+{
+    CurrentSymbol_SetWriting(WRITE_HARMONY);
+    CurrentSymbol_SetText("Gm");
+    std::string const sShape = Shape();
+    EXPECT_TRUE(sShape.starts_with("text 0,")) << sShape;
+    EXPECT_NE(sShape.find("Gm"), std::string::npos);
+    EXPECT_EQ(sShape.find("middle"), std::string::npos) << sShape;
+}
+
+TEST_F(Pointer, EachClefIsDrawnAsThatClef)
+{
+    std::set<std::string> shapes;
+    for (int32_t lClef = 1; lClef <= 4; ++lClef)
+    {
+        CurrentSymbol_Set(CLEF, lClef);
+        shapes.insert(Shape());
+    }
+    EXPECT_GE(shapes.size(), 3U) << "alto and tenor are one sign";
+}
+
+TEST_F(Pointer, AHostWithoutAPictureIsTold)
+{
+    CurrentSymbol_SetNote(48);
+    NoPicture none("Zarn", nullptr);
+    MakeSymbolCursor(&none);
+    EXPECT_EQ(process.user.Messages(),
+              std::vector<std::string>{"Oh my goodness, this machine has a weird implementation of FillRect\n"
+                                       "You're going to see a funny cursor.\nPlease tell Odrian"});
+    EXPECT_FALSE(bDrawingCursor);
+}
+
+TEST_F(Pointer, ASlurIsToldAndShowsNothing)
+{
+    CurrentSymbol_Set(SLUR);
+    EXPECT_EQ(Shape(), "");
+    EXPECT_EQ(process.user.Messages(),
+              std::vector<std::string>{"Tell Odrian: Attempt to draw SLUR into cursor.  (OK to carry on)."});
 }
 } // namespace
 } // namespace zarn

@@ -143,6 +143,59 @@ TEST_F(TextCommands, ASyllableHasAPopUpUnderTheRightButton)
     EXPECT_EQ(Read(1), "clef:1 n4/48 n5/48 n6/48");
 }
 
+TEST_F(TextCommands, InEditModeWhatThePopUpDeletesIsThePointer)
+{
+    Element const* const pel = At(1, 3);
+    Command(COMMAND_EDITMODE);
+    CurrentSymbol_SetNote(48);
+    AnswersNumber(COMMAND_DELETEITEM);
+    Click({pel->lX, pel->lY}, true);
+    EXPECT_EQ(elCurrent.sort, LYRICS);
+    EXPECT_EQ(Window().hotSpot.x, 0);
+    EXPECT_EQ(Window().hotSpot.y, 8);
+}
+
+TEST_F(TextCommands, InEditModeWhatAnUndoTakesAwayIsThePointer)
+{
+    Command(COMMAND_EDITMODE);
+    Command(COMMAND_SHARP);
+    POINT const place{At(1, 1)->lX - 20, At(1, 1)->lY};
+    Click(place);
+    ASSERT_EQ(Read(1), "clef:1 #4 n4/48 n5/48 lyr\"la \" n6/48");
+    Command(COMMAND_NOTE + 3);
+    EXPECT_EQ(Window().hotSpot.y, 23);
+    Command(COMMAND_UNDO);
+    EXPECT_EQ(Read(1), "clef:1 n4/48 n5/48 lyr\"la \" n6/48");
+    EXPECT_EQ(elCurrent.sort, SHARP);
+    EXPECT_EQ(Window().hotSpot.y, 16);
+}
+
+TEST_F(TextCommands, OnlyTheFirstSignOfAHarmonyIsMadeACapital)
+{
+    for (auto const& [sTyped, sStored] :
+         std::initializer_list<std::pair<char const*, char const*>>{{"am7", "Am7"}, {"bb", "Bb"}, {"#a", "#a"}})
+    {
+        AnswersText(sTyped);
+        Command(COMMAND_HARMONY);
+        EXPECT_EQ(Element_Text(&elCurrent), sStored);
+    }
+    AnswersText("am7");
+    Command(COMMAND_TEXT);
+    EXPECT_EQ(Element_Text(&elCurrent), "am7");
+}
+
+TEST_F(TextCommands, ATextTakesTwoHundredAndFiftySixBytesAndAnElementOneHundred)
+{
+    AnswersText(std::string(300, 'w'));
+    Command(COMMAND_TEXT);
+    EXPECT_EQ(Element_Text(&elCurrent).size(), 256U);
+    Element const* const pel = At(1, 3);
+    AnswersNumber(COMMAND_EDITITEM);
+    AnswersText(std::string(300, 'w'));
+    Click({pel->lX, pel->lY}, true);
+    EXPECT_EQ(Element_Text(At(1, 3)).size(), 100U);
+}
+
 TEST_F(TextCommands, AllLyricsFromASyllableOnAreEditedInOne)
 {
     Element const* const pel = At(1, 3);
