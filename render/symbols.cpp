@@ -59,8 +59,7 @@ static POINT PlaceAboveString(Element const* pel, int32_t lString)
 
 static int32_t DrawFret(HDC hdc, Element* pel)
 {
-    if (pel->lString == 0)
-        Tab_FingerChord(pel);
+    Tab_FingerMissing(pel);
     if (pel->lString == 0)
         return 0; // there is no way to play it
     POINT const place = PlaceAboveString(pel, pel->lString);

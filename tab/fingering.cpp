@@ -249,36 +249,6 @@ Fingered FingerStretch(ChordPlace first, Element* pelLast, bool bVerbose, std::v
 }
 
 ChordPlace PlaceOf(Element* pel) { return {pel, Tab_InArpeggio(pel)}; }
-
-bool IsSectionSign(Element const* pel) { return pel->sort == ARPEGSTART || pel->sort == ARPEGEND; }
-
-/// Takes the walk on to a note.
-void WalkTo(FingeringWalk& walk, Element const* pelNote)
-{
-    Element const* pelSign = nullptr; // the nearest one behind where the walk was
-    Element const* pel = Prev(pelNote);
-    for (; pel && pelNote != walk.pelLast; pel = Prev(pel))
-    {
-        walk.bBehindTried = walk.bBehindTried || pel == walk.pelTriedEnd;
-        if (pel == walk.pelLast)
-            break;
-        if (!pelSign && IsSectionSign(pel))
-            pelSign = pel;
-    }
-    if (pelSign)
-        walk.bInArpeggio = pelSign->sort == ARPEGSTART;
-    walk.pelLast = pelNote;
-}
-
-/// A chord's first note, from a note of it that the walk stands at.
-ChordPlace FirstOfChord(FingeringWalk const& walk, Element* pelNote)
-{
-    Element* const pelFirst = ChordFirst(pelNote);
-    for (Element const* pel = pelNote; pelFirst && pel != pelFirst; pel = Prev(pel))
-        if (IsSectionSign(pel))
-            return PlaceOf(pelFirst);
-    return {pelFirst, walk.bInArpeggio};
-}
 } // namespace
 
 Element* Tab_DoFingering(Element* pelFirst, Element* pelLast, bool bVerbose, std::vector<ChordFingering>* pSteps)
@@ -307,20 +277,22 @@ void RefreshBarFingering(Element* pel)
         Tab_DoFingering(pelStart, LastInBar(pelStart), true);
 }
 
-void Tab_FingerChord(Element* pelNote, FingeringWalk* pWalk)
+void Tab_FingerChord(Element* pelNote)
 {
-    FingeringWalk alone;
-    FingeringWalk& walk = pWalk ? *pWalk : alone;
-    if (pelNote)
-        WalkTo(walk, pelNote);
-    if (!walk.bBehindTried)
-        return;
-    ChordPlace const first = FirstOfChord(walk, pelNote);
+    ChordPlace const first = PlaceOf(ChordFirst(pelNote));
     // A chord that has lost its last note ends with the notes that it has: the first one's chain tells them.
-    Element* const pelChordLast = ChordLast(pelNote);
-    Element* const pelLast = pelChordLast ? pelChordLast : first.pel;
-    FingerStretch(first, pelLast, false, nullptr);
-    walk.pelTriedEnd = pelLast;
-    walk.bBehindTried = !first.pel;
+    Element* const pelLast = ChordLast(pelNote);
+    FingerStretch(first, pelLast ? pelLast : first.pel, false, nullptr);
+}
+
+void Tab_FingerMissing(Element* pelNote)
+{
+    if (pelNote->lString != 0)
+        return;
+    Element const* const pelPrev = Prev(pelNote);
+    bool const bTried = pelPrev && pelPrev->sort == NOTE && pelPrev->lString == 0 && (pelPrev->lA & fChordMore) &&
+                        (pelNote->lA & fChordBefore);
+    if (!bTried)
+        Tab_FingerChord(pelNote);
 }
 } // namespace zarn

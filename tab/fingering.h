@@ -31,17 +31,11 @@ void Tab_FingerStaffs();
 /// While tablature shows: fingers the bar around an element that has changed, by itself.
 void RefreshBarFingering(Element* pel);
 
-/// What a walk over a staff carries along that has chord after chord fingered: where it last was, and what it has seen.
-/// Good for one walk, from the staff's beginning toward its end, during which nothing is removed.
-struct FingeringWalk
-{
-    Element const* pelLast = nullptr;
-    bool bInArpeggio = false;             ///< at pelLast
-    Element const* pelTriedEnd = nullptr; ///< where the chord ends that was fingered last
-    bool bBehindTried = true;
-};
+/// Fingers the one chord of a note that has no fingering yet, silently. It looks back for the arpeggio section that the
+/// note may stand in no further than lLongestReach elements, so that painting what can't be played stays cheap.
+void Tab_FingerChord(Element* pelNote);
 
-/// Fingers the one chord of a note that has no fingering yet, silently. Alone it looks back through the whole staff for
-/// the arpeggio section that the note may stand in; with a walk it doesn't, and tries no chord twice.
-void Tab_FingerChord(Element* pelNote, FingeringWalk* pWalk = nullptr);
+/// For a walk along a staff: fingers a note's chord where the note has no fingering. A chord that can't be played is
+/// tried at its first note alone.
+void Tab_FingerMissing(Element* pelNote);
 } // namespace zarn

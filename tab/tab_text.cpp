@@ -156,8 +156,7 @@ private:
     void PutFret(Element* pel, int32_t lAt)
     {
         constexpr int32_t lHighestTwoFigures = 99;
-        if (pel->lString == 0)
-            Tab_FingerChord(pel);
+        Tab_FingerMissing(pel);
         if (pel->lString == 0 || pel->lFret < 0 || pel->lFret > lHighestTwoFigures)
         {
             Put(cStrings + 1, lAt, "?");

@@ -344,15 +344,14 @@ TEST_F(Fingering, AWalkOverTheStaffFingersEachChordAsByItself)
         test::Random random(n);
         test::WriteTune(random, {.lNotes = 12, .lChordPercent = 30, .lMostInChord = 3, .lSectionPercent = 25});
         std::string aFingered[2];
-        for (bool bWalk : {false, true})
+        for (bool bMissing : {false, true})
         {
             for (Element* pel = StaffFirst(1); pel; pel = Next(pel))
                 pel->lString = 0;
-            FingeringWalk walk;
             for (Element* pel = StaffFirst(1); pel; pel = Next(pel))
                 if (pel->sort == NOTE && pel->lString == 0)
-                    Tab_FingerChord(pel, bWalk ? &walk : nullptr);
-            aFingered[bWalk] = Fingered();
+                    (bMissing ? Tab_FingerMissing : Tab_FingerChord)(pel);
+            aFingered[bMissing] = Fingered();
         }
         ASSERT_EQ(aFingered[1], aFingered[0]) << n;
     }
@@ -360,14 +359,15 @@ TEST_F(Fingering, AWalkOverTheStaffFingersEachChordAsByItself)
 
 TEST_F(Fingering, AWalkTriesAChordOnce)
 {
-    std::vector<int32_t> const aPitches(30'000, 20);
-    AddChord(aPitches);
-    FingeringWalk walk;
-    for (Element* pel = StaffFirst(1); pel; pel = Next(pel))
-        Tab_FingerChord(pel, &walk);
-    EXPECT_EQ(StaffFirst(1)->fOverBar, fUnplayable);
+    Element* const pelFirst = AddChord(std::vector<int32_t>(30'000, 20));
+    Tab_FingerMissing(pelFirst);
+    EXPECT_EQ(pelFirst->fOverBar, fUnplayable);
+    pelFirst->fOverBar = 0;
+    for (Element* pel = Next(pelFirst); pel; pel = Next(pel))
+        Tab_FingerMissing(pel);
+    EXPECT_EQ(pelFirst->fOverBar, 0);
     Element* const pelNext = AddChord({60});
-    Tab_FingerChord(pelNext, &walk);
+    Tab_FingerMissing(pelNext);
     EXPECT_NE(pelNext->lString, 0);
 }
 
