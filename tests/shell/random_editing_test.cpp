@@ -5,6 +5,7 @@
 #include "core/score_check.h"
 #include "midi/refresh_pitches.h"
 #include "midi/score_times.h"
+#include "panels/panel_size.h"
 #include "platform/journal.h"
 #include "shell/menu.h"
 #include "support/shell_fixture.h"
@@ -273,7 +274,7 @@ TEST_F(RandomEditing, LeavesTheScoreWhole)
                      {COMMAND_DUPLICATE, COMMAND_PIANOCLOSED, COMMAND_PALETTECLOSED, COMMAND_EDITITEM,
                       COMMAND_EDITLYRICS, COMMAND_DELETEITEM, COMMAND_PIANO, COMMAND_PIANO, COMMAND_PIANO});
     ASSERT_GT(aCommands.size(), 300u);
-    int32_t const cEvents = Wish("ZARN_EVENTS", 6000);
+    int32_t const cEvents = Wish("ZARN_EVENTS", 20000);
     constexpr int32_t lPerScore = 400;
     int32_t cGrown = 0;
     int32_t cShrunk = 0;
@@ -293,6 +294,8 @@ TEST_F(RandomEditing, LeavesTheScoreWhole)
             Write(1, "slur( n3/48 n4/48 slur) n5/24 n5/24 | n4/48 n4/48 lyr\"a longer word\" n2/96 nl n1/192");
             Write(2, "clef:3 n-7/96 n-9/96 | n-7/192");
             Command(COMMAND_FULLADJUST);
+            if (bPianoShowing != (n / lPerScore % 3 == 0))
+                Command(COMMAND_PIANO);
         }
         Event const event = AnyEvent();
         int32_t const cBefore = CountElements();
