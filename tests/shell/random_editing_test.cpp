@@ -137,7 +137,7 @@ struct RandomEditing : Shell
         }
         event.fShift = Below(4) == 0;
         event.fCtrl = Below(12) == 0;
-        event.fAlt = Below(40) == 0;
+        event.fAlt = Below(40) == 0 && event.sText != "f4"; // which leaves the program
         if (Below(8) == 0)
         {
             event.fCtrl = true;
