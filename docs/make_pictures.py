@@ -127,8 +127,9 @@ class Pictures:
         """A page of an air with its tablature, after what a journal of these lines asks for."""
         with open(os.path.join(self.folder, "journal"), "w", encoding="utf-8") as file:
             file.write("\n".join(journal + ("command 303", "")))
-        subprocess.run([self.editor.program, "--quiet", "--replay", "journal", "--page", "1", "-o",
-                        os.path.join(HERE, name + ".png"), "skye-boat-song.abc"], cwd=self.folder, check=True)
+        words = ["--quiet", "--replay", "journal", "--page", "1", "-o", os.path.join(HERE, name + ".png")]
+        subprocess.run([self.editor.program, *words, "skye-boat-song.abc"], cwd=self.folder, check=True,
+                       stderr=subprocess.DEVNULL)
 
 
 def main():

@@ -22,7 +22,8 @@ MESSAGES = {
     "Mark the section to transpose first",
     "Do you want the tablature recalculated now?",
     "Restriction: Tablature can only be shown for one staff and you have 7 staffs showing",
-    "Adding lyrics like this only works in keyboard mode.  Hit Esc to switch modes and put the cursor just before the note",
+    "Adding lyrics like this only works in keyboard mode.  Hit Esc to switch modes and put the cursor just before the "
+    "note",
 }
 
 
@@ -63,8 +64,9 @@ class EveryCommand(screen.EditorTest):
 
     def questions(self):
         """The role and the words of each question or message that stands over the score."""
-        return [(window.get_role_name(), " ".join(label.get_name() for label in self.editor.showing("label", within=window)))
-                for window in children(self.editor.root())
+        def words(window):
+            return " ".join(label.get_name() for label in self.editor.showing("label", within=window))
+        return [(window.get_role_name(), words(window)) for window in children(self.editor.root())
                 if window.get_role_name() in ("dialog", "alert") and screen.is_showing(window)]
 
     def finish(self):

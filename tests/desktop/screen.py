@@ -1,5 +1,5 @@
-"""A display that nobody sees, with a window manager, and the editor on it as a user has it: real pointer, real keys, the
-picture as a monitor shows it, and the names of menus, dialogs and fields as a screen reader is told them.
+"""A display that nobody sees, with a window manager, and the editor on it as a user has it: real pointer, real keys,
+the picture as a monitor shows it, and the names of menus, dialogs and fields as a screen reader is told them.
 
 Nothing here waits for luck: each step looks again and again until what it expects is there, or the deadline is past.
 """
@@ -38,7 +38,8 @@ def own_environment(folder):
 
 
 class Bus:
-    """A message bus with the service that screen readers use. One serves the whole process: the bindings connect once."""
+    """A message bus with the service that screen readers use. One serves the whole process: the bindings connect
+    once."""
 
     def __init__(self):
         self.folder = tempfile.mkdtemp(prefix="zarn-bus-")
@@ -273,8 +274,8 @@ def main(needs_bus):
     77."""
     missing = [tool for tool in TOOLS if not shutil.which(tool)]
     if needs_bus:
-        missing += [what for what, there in (("gir1.2-atspi-2.0", Atspi), (A11Y_LAUNCHER, os.path.exists(A11Y_LAUNCHER)))
-                    if not there]
+        needed = {"gir1.2-atspi-2.0": Atspi, A11Y_LAUNCHER: os.path.exists(A11Y_LAUNCHER)}
+        missing += [what for what, is_there in needed.items() if not is_there]
     if missing:
         print("skipped: there is no " + ", no ".join(missing))
         sys.exit(SKIPPED)
