@@ -1,6 +1,7 @@
 // The search for a fingering, and its plain form beside it: melodies, and chords as a guitarist reads them. peak_MB is
 // the most memory that a search took above the score.
 #include "core/score.h"
+#include "counted_memory.h"
 #include "support/scripted_process.h"
 #include "tab/fingering.h"
 #include "tab/fingers_place.h"
@@ -8,40 +9,8 @@
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
-#include <cstddef>
-#include <cstdlib>
-#include <new>
 #include <random>
 #include <vector>
-
-namespace
-{
-int64_t cbInUse = 0;
-int64_t cbPeak = 0;
-constexpr size_t cbPrefix = __STDCPP_DEFAULT_NEW_ALIGNMENT__; ///< ahead of each piece, which keeps its size there
-} // namespace
-
-void* operator new(size_t cb)
-{
-    auto* const p = static_cast<std::byte*>(std::malloc(cb + cbPrefix));
-    if (!p)
-        throw std::bad_alloc();
-    *reinterpret_cast<size_t*>(p) = cb;
-    cbInUse += static_cast<int64_t>(cb);
-    cbPeak = std::max(cbPeak, cbInUse);
-    return p + cbPrefix;
-}
-
-void operator delete(void* p) noexcept
-{
-    if (!p)
-        return;
-    std::byte* const pPiece = static_cast<std::byte*>(p) - cbPrefix;
-    cbInUse -= static_cast<int64_t>(*reinterpret_cast<size_t*>(pPiece));
-    std::free(pPiece);
-}
-
-void operator delete(void* p, size_t) noexcept { operator delete(p); }
 
 namespace zarn::bench
 {
