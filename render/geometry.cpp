@@ -8,6 +8,7 @@
 #include "core/settings.h"
 #include "core/text.h"
 #include "layout/place.h" // printing folds the whole score anew, as a resize of the window does
+#include "render/device_place.h"
 
 #include <algorithm>
 
@@ -112,10 +113,10 @@ static int64_t PerCentLeft(int32_t lMarginA, int32_t lMarginB) { return Clamp32(
 /// The page inside a surface of that size, without its margins.
 static void SetPage(int64_t lWidth, int64_t lHeight)
 {
-    lPageHeight = AtLeastOne(PerCentLeft(lMarginTop, lMarginBottom) * lHeight / 100);
-    lTopMarginPx = Clamp32(lMarginTop * lHeight / 100);
-    lPageWidth = AtLeastOne(PerCentLeft(lMarginLeft, lMarginRight) * lWidth / 100);
-    lLeftMarginPx = Clamp32(lMarginLeft * lWidth / 100);
+    lPageHeight = AtLeastOne(DeviceLength(PerCentLeft(lMarginTop, lMarginBottom) * lHeight / 100));
+    lTopMarginPx = DeviceLength(lMarginTop * lHeight / 100);
+    lPageWidth = AtLeastOne(DeviceLength(PerCentLeft(lMarginLeft, lMarginRight) * lWidth / 100));
+    lLeftMarginPx = DeviceLength(lMarginLeft * lWidth / 100);
 }
 
 void SetWindowUnits(RECT const& client)
@@ -218,8 +219,8 @@ void Draw_Fold(int32_t lStrX, int32_t lDiaPitch, int32_t lStaff, int32_t lClef, 
         lRows += lMiddleC - lDiaPitch;
     else
         Serious("Draw_Fold called with bad lClef value");
-    *plY = Clamp32(lTopMarginPx + int64_t{Clamp32(lRows)} * lPageHeight / Rows());
-    *plX = Clamp32(lLeftMarginPx + (lPageWidth * lCol + Cols() / 2 + 1) / Cols());
+    *plY = DevicePlace(lTopMarginPx + int64_t{Clamp32(lRows)} * lPageHeight / Rows());
+    *plX = DevicePlace(lLeftMarginPx + (lPageWidth * lCol + Cols() / 2 + 1) / Cols());
 }
 
 void Draw_FoldElement(Element* pel, int32_t lClef)

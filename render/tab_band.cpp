@@ -2,6 +2,7 @@
 #include "render/tab_band.h"
 
 #include "core/text.h"
+#include "render/device_place.h"
 #include "render/geometry.h"
 #include "tab/tuning.h" // how many strings there are, which only the instrument can tell
 
@@ -21,8 +22,8 @@ void TabFold(int32_t lStrX, int32_t lString, int32_t lStaff, int32_t* plX, int32
     int64_t const lBand = aStaffRow[std::clamp(lStaff, 0, lHighestStaff)];
     int64_t const lRows = SystemHeight() * lLine + (lBand - 1) * lStaffHeight + int64_t{lRowsToString} * lString -
                           lRowsToString - lScroll + lTopOffset + lLegersAbove;
-    *plX = Clamp32(lLeftMarginPx + lStrX % lCols * lPageWidth / lCols);
-    *plY = Clamp32(int64_t{Clamp32(lRows)} * lPageHeight / std::max(lRowsPerPage, 1) + BandPixels() + lTopMarginPx);
+    *plX = DevicePlace(lLeftMarginPx + lStrX % lCols * lPageWidth / lCols);
+    *plY = DevicePlace(int64_t{Clamp32(lRows)} * lPageHeight / std::max(lRowsPerPage, 1) + BandPixels() + lTopMarginPx);
 }
 
 namespace

@@ -328,5 +328,17 @@ TEST_F(Geometry, AnyNumberFoldsAndStraightensWithoutHarm)
         EndPrintUnits();
     }
 }
+
+TEST_F(Geometry, AMarginWithoutMeasureLeavesRoomForASymbol)
+{
+    lMarginTop = lMarginLeft = -2'000'000'000;
+    SetWindowUnits({0, 0, 1200, 800});
+    EXPECT_EQ(lPageHeight, 1'000'000);
+    EXPECT_EQ(lPageWidth, 1'000'000);
+    EXPECT_EQ(lTopMarginPx, -1'000'000);
+    POINT const at = Fold(2'000'000'000, -2'000'000'000, 1, 1);
+    EXPECT_EQ(at.y, 1'000'000'000);
+    lMarginTop = lMarginLeft = 0;
+}
 } // namespace
 } // namespace zarn
