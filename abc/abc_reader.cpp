@@ -397,7 +397,9 @@ int32_t ReadListed(HFILE hFile, int32_t lNumber, std::string* psTitle)
         *psTitle = abc.sTitle;
     if (bAbcNoNumber || bAbcOutOfOrder)
         return 0;
-    return cAbcTunes > 1 ? Clamp32(int64_t{lNumber} + 1) : ~lNumber;
+    if (cAbcTunes <= 1)
+        return ~lNumber;
+    return lNumber < INT32_MAX ? lNumber + 1 : 0; // one that leaves no room above it can't be told, so isn't trusted
 }
 } // namespace
 

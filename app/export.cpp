@@ -3,6 +3,7 @@
 // Everything is drawn in memory and written in one piece, so that a failure half way leaves no half-written file.
 #include "app/export.h"
 
+#include "app/export_abc.h"
 #include "app/options.h"
 #include "app/terminal.h"
 #include "core/text.h"
@@ -228,6 +229,8 @@ bool Export_Write(std::string const& szPath, ExportFormat const& format, Documen
     std::string const sEnding = FileEnding(szPath);
     if (sEnding == ".zrn")
         return WriteFile(szPath, [](HFILE hFile) { return Native_Write(hFile) != 0; });
+    if (sEnding == ".abc")
+        return Export_Abc(szPath, format.lTune);
     if (sEnding == ".tab" || sEnding == ".txt")
         return WriteTab(szPath);
     if (sEnding == ".svg")

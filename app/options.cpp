@@ -13,7 +13,7 @@ constexpr int32_t lMostPixels = 20000;
 constexpr int32_t lMostSemitones = 60;
 constexpr int32_t lLeastDpi = 10;
 constexpr int32_t lMostDpi = 2400;
-constexpr char const* aOutputEndings[] = {".zrn", ".pdf", ".svg", ".png", ".tab", ".txt"};
+constexpr char const* aOutputEndings[] = {".zrn", ".abc", ".pdf", ".svg", ".png", ".tab", ".txt"};
 
 bool ReadNumber(std::string const& s, int32_t lLeast, int32_t lMost, int32_t* plNumber)
 {
@@ -69,8 +69,9 @@ struct Reader
             return false;
         std::string const sEnding = FileEnding(options.sOutput);
         if (std::find(std::begin(aOutputEndings), std::end(aOutputEndings), sEnding) == std::end(aOutputEndings))
-            return Fail(options.sOutput +
-                        ": can't write a file with this ending; .zrn, .pdf, .svg, .png, .tab and .txt can be written");
+            return Fail(
+                options.sOutput +
+                ": can't write a file with this ending; .zrn, .abc, .pdf, .svg, .png, .tab and .txt can be written");
         return true;
     }
 
@@ -237,11 +238,12 @@ std::string FileEnding(std::string const& sPath)
 char const* Options_Help()
 {
     return "zarn [FILE]                   open the editor, with a score (.zrn) or an ABC tune (.abc)\n"
-           "zarn -o OUT [options] FILE    convert without a window; OUT ends in .zrn, .pdf, .svg, .png,\n"
-           "                              .tab or .txt\n"
+           "zarn -o OUT [options] FILE    convert without a window; OUT ends in .zrn, .abc, .pdf, .svg,\n"
+           "                              .png, .tab or .txt\n"
            "     --export OUT             the same as -o OUT\n"
            "     --tune N|all             the tune numbered X:N of a many-tune file (default: the first);\n"
-           "                              all: one output a tune, its number and title in the name\n"
+           "                              all: one output a tune, its number and title in the name;\n"
+           "                              in an OUT that holds tunes, the one to replace, or to add\n"
            "     --adjust, --mini-adjust  lay the score out again after reading, with or without its bars\n"
            "     --tablature              find the cheapest fingering and show tablature; .tab and .txt need it\n"
            "     --transpose N            move the whole score by N semitones, -60 to 60, and lay it out again\n"

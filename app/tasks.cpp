@@ -54,9 +54,11 @@ static bool ReadScore(std::string const& szPath, int32_t lTune, Options const& o
     return true;
 }
 
-static ExportFormat FormatOf(Options const& options)
+/// @param lTune  the X: number of the tune in hand; -1 when the options alone can tell one
+static ExportFormat FormatOf(Options const& options, int32_t lTune = -1)
 {
-    return {options.lWidth, options.lHeight, options.lPage, options.lDpi, szAbcTune};
+    return {options.lWidth, options.lHeight, options.lPage,
+            options.lDpi,   szAbcTune,       lTune >= 0 ? lTune : options.lTune};
 }
 
 int32_t Task_Export(Options const& options, DocumentMaker pMaker)
@@ -73,7 +75,8 @@ int32_t Task_Export(Options const& options, DocumentMaker pMaker)
     {
         std::string const szOutput =
             options.bAllTunes && tune.lNumber >= 0 ? Tune_OutputPath(options.sOutput, tune) : options.sOutput;
-        if (!ReadScore(szPath, tune.lNumber, options) || !Export_Write(szOutput, FormatOf(options), pMaker))
+        if (!ReadScore(szPath, tune.lNumber, options) ||
+            !Export_Write(szOutput, FormatOf(options, tune.lNumber), pMaker))
             lStatus = lStatusFailed;
     }
     return lStatus;

@@ -363,6 +363,8 @@ bool _lclose(HFILE hFile)
     return pFile && pFile->Close();
 }
 
+void File_GiveUp(HFILE hFile) { delete hFile; }
+
 bool DeleteFileA(std::string_view szPath) { return ::unlink(std::string(szPath).c_str()) == 0; }
 
 bool MoveFileA(std::string_view szFrom, std::string_view szTo)

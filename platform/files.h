@@ -29,6 +29,8 @@ int32_t _lwrite(HFILE hFile, void const* pBytes, int32_t cb);
 int32_t _llseek(HFILE hFile, int32_t lOffset, int32_t lFrom); ///< the new place, or -1
 /// false when the file made by _lcreat could not be put in place; the old one is whole then. The handle is gone.
 bool _lclose(HFILE hFile);
+/// Gives a file made by _lcreat up: what stood in its place stays as it was. The handle is gone; null does nothing.
+void File_GiveUp(HFILE hFile);
 bool DeleteFileA(std::string_view szPath);
 bool MoveFileA(std::string_view szFrom, std::string_view szTo); ///< false when the target is there
 /// Makes an empty file with a name that begins with the prefix; empty when it can't be made. szDirectory empty: here.

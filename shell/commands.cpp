@@ -139,6 +139,7 @@ constexpr CommandRow aCommands[] = {
     {COMMAND_BEAMQUAVERS, ToggleBeamQuavers},
     {COMMAND_RIGHTJUSTIFIED, ToggleRightJustified},
     {COMMAND_ADJUSTALWAYS, ToggleAdjustAlways},
+    {COMMAND_USECRLF, ToggleCrlf},
     {COMMAND_CHORDSBELOW, ToggleChordsBelow},
     {COMMAND_ARPEGGIOMARKS, ToggleArpeggioMarks},
     {COMMAND_STORESPACING, StoreSpacing},

@@ -1,6 +1,9 @@
 // What a file's name tells.
 #include "shell/file_names.h"
 
+#include <algorithm>
+#include <filesystem>
+
 namespace zarn
 {
 std::string ShortName(std::string_view szName)
@@ -16,6 +19,22 @@ std::string Extension(std::string_view szName)
     return lDot == szShort.npos ? std::string() : szShort.substr(lDot);
 }
 
+static std::string LowerCase(std::string s)
+{
+    std::transform(s.begin(), s.end(), s.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    return s;
+}
+
+bool SameFileName(std::string const& szA, std::string const& szB)
+{
+    if (szA == szB)
+        return true;
+    // Where case tells two files apart, one must not be taken for the other: it would be written over.
+    std::error_code error;
+    return LowerCase(szA) == LowerCase(szB) && std::filesystem::equivalent(szA, szB, error);
+}
+
 FileType FileTypeOf(std::string_view szName)
 {
     struct KnownExtension
@@ -28,10 +47,7 @@ FileType FileTypeOf(std::string_view szName)
                                          {".mid", FileType::MIDI_PERFORMANCE},
                                          {".txt", FileType::ASCII_TAB},
                                          {".tab", FileType::ASCII_TAB}};
-    std::string sExtension = Extension(szName);
-    for (char& c : sExtension)
-        if (c >= 'A' && c <= 'Z')
-            c = static_cast<char>(c - 'A' + 'a');
+    std::string const sExtension = LowerCase(Extension(szName));
     for (KnownExtension const& known : aKnown)
         if (sExtension == known.sExtension)
             return known.type;

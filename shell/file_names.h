@@ -1,6 +1,7 @@
 /// The names of the files in hand, and what kind a name tells.
 #pragma once
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -22,9 +23,14 @@ inline std::string szFileName; ///< the file that Save writes; empty for a new t
 /// szFileName is what a score was read from as a score file, whatever its extension. Written with szFileName.
 inline bool bReadAsNative = false;
 inline std::string szAbcFile; ///< the ABC file that the score was read from; empty when none
+/// lTuneNumber as it is in szAbcFile, while a save into another file has given it that file's; nothing otherwise.
+/// Written with szAbcFile, and by saves.
+inline std::optional<int32_t> lPlaceInAbcFile;
 
 /// By the extension, upper or lower case: .zrn, .abc, .mid, .txt and .tab.
 [[nodiscard]] FileType FileTypeOf(std::string_view szName);
+/// The same text, or a text that differs in upper and lower case alone and leads to the same file.
+[[nodiscard]] bool SameFileName(std::string const& szA, std::string const& szB);
 /// "songs/tune.abc" gives "tune.abc".
 [[nodiscard]] std::string ShortName(std::string_view szName);
 /// The extension with its dot as it is written; empty when there is none.

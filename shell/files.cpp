@@ -1,7 +1,7 @@
 // Which reader or writer handles a file, and the questions on the way.
 //
-// Score files and ASCII tablature are written so far. A name that asks for another kind leads to the save dialog, so
-// that no file is ever overwritten with what its name doesn't promise unless its user says so.
+// Score files, ABC and ASCII tablature are written so far. A name that asks for another kind leads to the save dialog,
+// so that no file is ever overwritten with what its name doesn't promise unless its user says so.
 #include "shell/files.h"
 
 #include "abc/abc_index.h"
@@ -17,6 +17,7 @@
 #include "platform/files.h"
 #include "render/font.h"
 #include "render/symbol_cursor.h"
+#include "shell/abc_save.h"
 #include "shell/command_numbers.h"
 #include "shell/file_names.h"
 #include "shell/load.h"
@@ -187,11 +188,15 @@ struct SaveKind
     FileFilter filter;
 };
 constexpr SaveKind aSaveKind[] = {{FileType::NATIVE, {"Zarn files", "*.zrn"}},
+                                  {FileType::ABC, {"ABC files", "*.abc"}},
                                   {FileType::ASCII_TAB, {"ASCII Tab files(.tab)", "*.tab"}},
                                   {FileType::ASCII_TAB_TEXT, {"ASCII Tab files(.txt)", "*.txt"}}};
 } // namespace
 
-static bool CanWrite(FileType type) { return type == FileType::NATIVE || type == FileType::ASCII_TAB; }
+static bool CanWrite(FileType type)
+{
+    return type == FileType::NATIVE || type == FileType::ABC || type == FileType::ASCII_TAB;
+}
 
 /// Music that was read as ABC from a .txt file must not become tablature there at a plain Save.
 static bool MayOverwrite(FileType type)
@@ -243,13 +248,15 @@ static FileType AskSaveName(HWND hwnd)
 {
     FileDialog dialog;
     dialog.sTitle = "Save file";
-    dialog.sDefaultExtension = ".zrn";
     for (SaveKind const& kind : aSaveKind)
         dialog.aFilters.push_back(kind.filter);
     dialog.szFile = szFileName;
     FileType const type = FileTypeOf(szFileName);
     if (type != FileType::UNKNOWN && !MayOverwrite(type))
         dialog.szFile.replace(dialog.szFile.size() - Extension(szFileName).size(), std::string::npos, ".zrn");
+    std::string const sExtension = Extension(dialog.szFile);
+    if (!sExtension.empty())
+        dialog.sDefaultExtension = sExtension.c_str();
     if (!GetSaveFileNameA(hwnd, dialog))
         return FileType::UNKNOWN;
     szFileName = dialog.szFile;
@@ -280,6 +287,8 @@ static FileType SettleNamedType()
         return named;
     if (int32_t const lAnswer = AskYesNoCancel("Unknown file extension.  OK to write file as ZRN file?"); lAnswer != 0)
         return lAnswer == 1 ? FileType::NATIVE : FileType::UNKNOWN;
+    if (int32_t const lAnswer = AskYesNoCancel("OK to write as ABC file then??"); lAnswer != 0)
+        return lAnswer == 1 ? FileType::ABC : FileType::UNKNOWN;
     if (int32_t const lAnswer = AskYesNoCancel("Well TAB then????"); lAnswer != 0)
         return lAnswer == 1 ? FileType::ASCII_TAB : FileType::UNKNOWN;
     Serious("Don't know how you want it saved.  File NOT saved!");
@@ -305,12 +314,14 @@ SaveResult SaveFile(HWND hwnd, int32_t lCommand)
         return SaveResult::CANCELLED;
     case FileType::NATIVE:
         return WriteNative();
+    case FileType::ABC:
+        return SaveAbc(lCommand);
     case FileType::ASCII_TAB:
         return WriteTab();
     case FileType::ASCII_TAB_TEXT:
         return SaveResult::FAILED; // the filter has never had a writer; the extension has
     default:
-        Serious("Zarn can only write ZRN and tablature files.  File NOT saved!");
+        Serious("Zarn can only write ZRN, ABC and tablature files.  File NOT saved!");
         return SaveResult::FAILED;
     }
 }

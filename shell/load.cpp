@@ -89,6 +89,7 @@ void SetNativeNames(std::string const& szName)
     bReadAsNative = !szName.empty();
     szAbcFile.clear();
     szAbcTune.clear();
+    lPlaceInAbcFile.reset();
     lTuneNumber = -1;
     fAbcTuneOpen = false;
 }
@@ -98,6 +99,7 @@ void SetAbcNames(std::string const& szName, int32_t lNumber)
     szFileName = szName;
     bReadAsNative = false;
     szAbcFile = szName;
+    lPlaceInAbcFile.reset();
     lTuneNumber = lNumber;
     fAbcTuneOpen = !szAbcTune.empty() && lTuneNumber >= 0;
 }

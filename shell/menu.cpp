@@ -47,7 +47,8 @@ static std::vector<MenuItem> ShowStaffMenu()
 
 static std::vector<MenuItem> SettingsMenu()
 {
-    return {{COMMAND_CHORDSBELOW, "Put chord symbols below staff"},
+    return {{COMMAND_USECRLF, "Use CRLF, not just LF for linefeeds in ABC output"},
+            {COMMAND_CHORDSBELOW, "Put chord symbols below staff"},
             {COMMAND_STORESPACING, "Set current horiz/vert stretch/squeeze as default spacing"},
             {COMMAND_FONTSCALE, "Font size scaling factor (100%)..."},
             {},

@@ -1,6 +1,7 @@
 // Option toggles.
 #include "shell/options.h"
 
+#include "abc/abc_write.h"
 #include "core/messages.h"
 #include "core/pitch.h"
 #include "core/score.h"
@@ -68,6 +69,12 @@ void ToggleChordsBelow()
     FullAdjustAndRepaint();
 }
 
+void ToggleCrlf()
+{
+    Toggle(bUseCrlf, COMMAND_USECRLF);
+    SaveSetting(bUseCrlf, szCrlfSetting);
+}
+
 void ToggleEditMode() { Toggle(bEditMode, COMMAND_EDITMODE); }
 
 /// Both options sound the score at another pitch: one excludes the other.
@@ -93,6 +100,7 @@ void Options_ShowChecks()
     Menu_Check(COMMAND_ARPEGGIOMARKS, bShowArpeggio);
     Menu_Check(COMMAND_RIGHTJUSTIFIED, bRightJustified);
     Menu_Check(COMMAND_ADJUSTALWAYS, bAutoLayout);
+    Menu_Check(COMMAND_USECRLF, bUseCrlf);
     Menu_Check(COMMAND_CHORDSBELOW, bChordsBelowStaff);
     for (int32_t lStaff = 1; lStaff <= lHighestStaff; ++lStaff)
         Menu_Check(COMMAND_SHOWSTAFF + lStaff, IsVisible(lStaff));

@@ -10,6 +10,7 @@ void ToggleArpeggioMarks();  ///< Mini adjust, repaint.
 void ToggleRightJustified(); ///< Mini adjust, repaint.
 void ToggleAdjustAlways();   ///< Full adjust and repaint when it comes on.
 void ToggleChordsBelow();    ///< Stored; full adjust, repaint.
+void ToggleCrlf();           ///< Stored.
 void ToggleEditMode();       ///< A deleted symbol becomes the current one.
 void ToggleClarinet();       ///< Either of these two turns the other off.
 void ToggleGuitar();

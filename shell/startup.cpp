@@ -1,6 +1,7 @@
 // The order in which the program comes up and goes down.
 #include "shell/startup.h"
 
+#include "abc/abc_write.h"
 #include "core/messages.h"
 #include "core/score.h"
 #include "core/settings.h"
@@ -109,6 +110,7 @@ static void AskHowToBegin()
 bool StartUp(std::string_view szCommandLine)
 {
     Score_StartUp();
+    LoadSetting(&bUseCrlf, szCrlfSetting);
     if (!MakeMainWindow())
         return false;
     if (!szCommandLine.empty())

@@ -296,4 +296,78 @@ TEST_F(CommandLine, AFileOfRubbishIsComplainedOfAtALengthThatCanBeRead)
     EXPECT_NE(sErr.find("rubbish.abc: what else is wrong with it isn't told\n"), std::string::npos);
     EXPECT_LT(sErr.size(), 300'000u);
 }
+
+TEST_F(CommandLine, ATuneBecomesAnAbcFileThatReadsBackTheSame)
+{
+    EXPECT_EQ(Run("-o one.abc --tune 7 book.abc"), 0) << sErr;
+    EXPECT_EQ(sErr, "");
+    EXPECT_EQ(File("one.abc"), "X:7\r\nT:Second/one\r\nL:1/8\r\nM:4/4\r\nK:G\r\nGABc |\\\r\nd4 |\r\n\r\n");
+    EXPECT_EQ(Run("-o two.abc one.abc"), 0) << sErr;
+    EXPECT_EQ(File("two.abc"), "X:0" + File("one.abc").substr(3)) << "no number was asked for";
+    EXPECT_EQ(Run("-o two.abc one.abc"), 0) << "a file of one tune is written over: " << sErr;
+}
+
+TEST_F(CommandLine, ATuneTakesThePlaceOfItsNumberInAManyTuneFileOrGoesToItsEnd)
+{
+    Write(folder / "new.abc", "X:1\nT:New\nL:1/8\nK:C\nc4|\n");
+    Write(folder / "other.abc", "X:7\nT:Seven\nL:1/8\nK:C\nE4|\n");
+    std::string const sBook = File("book.abc");
+    std::string const sNew = "X:1\r\nT:New\r\nL:1/8\r\nM:4/4\r\nK:C\r\nc4 |\r\n\r\n";
+    EXPECT_EQ(Run("-o book.abc --tune 1 new.abc"), 0) << sErr;
+    EXPECT_EQ(File("book.abc"), sNew + sBook.substr(sBook.find("X:7")));
+    EXPECT_EQ(Run("-o new.abc --tune 7 other.abc"), 0) << sErr;
+    EXPECT_TRUE(File("new.abc").starts_with("X:1\nT:New\nL:1/8\nK:C\nc4|\n\r\n\r\nX:7\r\nT:Seven\r\n"));
+    EXPECT_EQ(Run("--list new.abc"), 0);
+    EXPECT_EQ(sOut, "01: New\n07: Seven\n");
+}
+
+TEST_F(CommandLine, AScoreTakesItsPlaceInAManyTuneFileByNumber)
+{
+    ASSERT_EQ(Run("-o one.zrn book.abc"), 0) << sErr;
+    EXPECT_EQ(Run("-o book.abc --tune 9 one.zrn"), 0) << sErr;
+    EXPECT_EQ(Run("--list book.abc"), 0);
+    EXPECT_EQ(sOut, "01: First\n07: Second/one\n09: First\n");
+}
+
+TEST_F(CommandLine, AManyTuneFileIsNotWrittenOverWithoutANumber)
+{
+    std::string const sBook = File("book.abc");
+    EXPECT_EQ(Run("-o book.abc bad.abc"), 1);
+    EXPECT_NE(sErr.find("zarn: book.abc: the file holds 2 tunes; --tune N says which one to replace or to add\n"),
+              std::string::npos)
+        << sErr;
+    EXPECT_EQ(File("book.abc"), sBook);
+}
+
+TEST_F(CommandLine, ATuneThatIsWrittenIntoItsOwnFileGoesBackToItsPlace)
+{
+    std::string const sBook = File("book.abc");
+    EXPECT_EQ(Run("-o ./book.abc --transpose 12 book.abc"), 0) << sErr;
+    std::string const sNew = File("book.abc");
+    EXPECT_TRUE(sNew.starts_with("X:1\r\nT:First\r\n")) << sNew;
+    EXPECT_TRUE(sNew.ends_with(sBook.substr(sBook.find("X:7")))) << sNew;
+}
+
+TEST_F(CommandLine, EachTuneOfABookBecomesAnAbcFileWithItsNumber)
+{
+    EXPECT_EQ(Run("-o x.abc --tune all book.abc"), 0) << sErr;
+    EXPECT_TRUE(File("x-1-First.abc").starts_with("X:1\r\nT:First\r\n"));
+    EXPECT_TRUE(File("x-7-Second_one.abc").starts_with("X:7\r\nT:Second/one\r\n"));
+    std::string const sFirst = File("x-1-First.abc");
+    EXPECT_EQ(Run("-o x.abc --tune all book.abc"), 0) << sErr;
+    EXPECT_EQ(File("x-1-First.abc"), sFirst) << "replaced, not added";
+}
+
+TEST_F(CommandLine, AnAbcFileThatCantBeWrittenLeavesOneClearLine)
+{
+    EXPECT_EQ(Run("-o no/such.abc book.abc"), 1);
+    EXPECT_EQ(sErr, "zarn: no/such.abc: File failed to save (catastrophic error? out of space? read only file?)\n");
+    fs::create_directories(folder / "dir.abc");
+    EXPECT_EQ(Run("-o dir.abc book.abc"), 1);
+    EXPECT_EQ(sErr, "zarn: dir.abc: what is there can't be read, so it isn't replaced\n");
+    ASSERT_EQ(Run("-o one.zrn book.abc"), 0);
+    EXPECT_EQ(Run("-o big.abc --tune 2147483647 one.zrn"), 1);
+    EXPECT_EQ(sErr, "zarn: big.abc: there can be no tune X:2147483647 in a file\n");
+    EXPECT_FALSE(Has("big.abc"));
+}
 } // namespace zarn

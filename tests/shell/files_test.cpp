@@ -90,23 +90,23 @@ TEST_F(ShellFiles, AFullDiskKeepsTheOldFileAndTheDirtyScore)
 
 TEST_F(ShellFiles, ANameOfAnotherKindIsAskedAbout)
 {
-    AnswersText(Path("a.abc"));
+    AnswersText(Path("a.mid"));
     Answers(Answer::CANCEL);
     Command(COMMAND_SAVEAS);
     EXPECT_EQ(Messages().back(), "File name extension conflicts with type.  Yes = use type, No = use extension");
-    EXPECT_FALSE(std::filesystem::exists(Path("a.abc")));
+    EXPECT_FALSE(std::filesystem::exists(Path("a.mid")));
 
-    AnswersText(Path("a.abc"));
+    AnswersText(Path("a.mid"));
     Answers(Answer::NO);
     Command(COMMAND_SAVEAS);
-    EXPECT_EQ(Messages().back(), "Zarn can only write ZRN and tablature files.  File NOT saved!");
-    EXPECT_FALSE(std::filesystem::exists(Path("a.abc")));
+    EXPECT_EQ(Messages().back(), "Zarn can only write ZRN, ABC and tablature files.  File NOT saved!");
+    EXPECT_FALSE(std::filesystem::exists(Path("a.mid")));
     EXPECT_TRUE(bScoreDirty);
 
-    AnswersText(Path("a.abc"));
+    AnswersText(Path("a.mid"));
     Answers(Answer::YES);
     Command(COMMAND_SAVEAS);
-    EXPECT_TRUE(std::filesystem::exists(Path("a.abc")));
+    EXPECT_TRUE(std::filesystem::exists(Path("a.mid")));
     EXPECT_FALSE(bScoreDirty);
 }
 
@@ -119,7 +119,10 @@ TEST_F(ShellFiles, AnUnknownExtensionIsAskedAboutByAPlainSave)
 
     Answers(Answer::NO);
     Answers(Answer::NO);
+    Answers(Answer::NO);
     Command(COMMAND_SAVE);
+    EXPECT_EQ(Messages()[Messages().size() - 4], "Unknown file extension.  OK to write file as ZRN file?");
+    EXPECT_EQ(Messages()[Messages().size() - 3], "OK to write as ABC file then??");
     EXPECT_EQ(Messages()[Messages().size() - 2], "Well TAB then????");
     EXPECT_EQ(Messages().back(), "Don't know how you want it saved.  File NOT saved!");
     EXPECT_TRUE(bScoreDirty);
@@ -130,19 +133,19 @@ TEST_F(ShellFiles, AnUnknownExtensionIsAskedAboutByAPlainSave)
     EXPECT_FALSE(bScoreDirty);
 }
 
-TEST_F(ShellFiles, ATuneFromAnAbcFileIsSavedUnderAScoresName)
+TEST_F(ShellFiles, ATuneFromATextFileIsNotSavedOverItAsTablature)
 {
-    std::string const szAbc = MakeFile("a.abc", sTwoTunes);
+    std::string const szText = MakeFile("a.txt", sTwoTunes);
     Answers(Answer::NO);
-    AnswersText(szAbc);
+    AnswersText(szText);
     AnswersRow(1);
     Command(COMMAND_OPEN);
-    ASSERT_EQ(szFileName, szAbc);
+    ASSERT_EQ(szFileName, szText);
     Answers(Answer::OK); // the name that the dialog proposes
     Command(COMMAND_SAVE);
     EXPECT_EQ(szFileName, Path("a.zrn"));
     EXPECT_TRUE(std::filesystem::exists(Path("a.zrn")));
-    EXPECT_EQ(Bytes(szAbc), sTwoTunes);
+    EXPECT_EQ(Bytes(szText), sTwoTunes);
 }
 
 TEST_F(ShellFiles, NewAsksAboutUnsavedMusic)

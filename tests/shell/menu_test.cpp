@@ -116,6 +116,7 @@ TEST_F(MenuBar, EachCommandHasItsLabelItsMnemonicAndItsKey)
         {228, "&Guitar transpose"},
         {206, "&Piano keyboard"},
         {223, "&Note Palette"},
+        {218, "Use CRLF, not just LF for linefeeds in ABC output"},
         {220, "Put chord symbols below staff"},
         {222, "Set current horiz/vert stretch/squeeze as default spacing"},
         {229, "Font size scaling factor (100%)..."},

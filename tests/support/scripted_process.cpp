@@ -1,6 +1,7 @@
 // Shared state, put back value by value: a test must not see what an earlier one left.
 #include "support/scripted_process.h"
 
+#include "abc/abc_write.h"
 #include "core/messages.h"
 #include "core/score.h"
 #include "render/geometry.h"
@@ -69,6 +70,7 @@ ScriptedProcess::ScriptedProcess() : previous(host)
     ResetScore();
     ResetGeometry();
     ResetInstrument();
+    bUseCrlf = true;
     Score_CreateLists();
 }
 
