@@ -1,6 +1,11 @@
 // A whole tune as text: its header, its staffs, what is told.
 #include "abc_write_fixture.h"
+#include "core/score_check.h"
+#include "midi/score_times.h"
 #include "render/geometry.h"
+#include "support/random_score.h"
+
+#include <random>
 
 namespace zarn
 {
@@ -124,6 +129,24 @@ TEST_F(AbcTuneText, AWriteThatFailsIsToldByTheResult)
         cbDiskLeft = -1;
         EXPECT_EQ(bWritten, s.size() == cbWhole) << cbLeft << ": " << s;
         _lclose(hFile);
+    }
+}
+TEST_F(AbcTuneText, AnyScoreAtAllIsWrittenAndReadAgain)
+{
+    for (uint32_t lSeed = 0; lSeed < 60; ++lSeed)
+    {
+        std::mt19937 random(lSeed);
+        Score_EmptyStaffs();
+        Show({1, 2});
+        test::WriteHostileStaff(random, 0, 20);
+        test::WriteHostileStaff(random, 1, 100);
+        test::WriteRandomStaff(random, 2, 100);
+        Score_SetTimes();
+        std::string const sTune = Tune();
+        Score_EmptyStaffs();
+        ReadText(sTune);
+        for (std::string const& sWrong : Score_CheckStructure())
+            ADD_FAILURE() << lSeed << ": " << sWrong;
     }
 }
 } // namespace

@@ -493,7 +493,7 @@ TEST_F(TabCommands, TablatureIsSavedAsText)
     Lay("clef:1 n2/48");
     Command(COMMAND_OPTIMISEDTABLATURE);
     bScoreDirty = true;
-    AnswersRow(1);
+    AnswersRow(2);
     AnswersText(Path("tune.tab"));
     Command(COMMAND_SAVEAS);
     EXPECT_EQ(Title(), "tune.tab");
@@ -508,7 +508,7 @@ TEST_F(TabCommands, TablatureIsSavedAsText)
 TEST_F(TabCommands, SavingHiddenTablatureLeavesAnEmptyFile)
 {
     Lay("clef:1 n2/48");
-    AnswersRow(1);
+    AnswersRow(2);
     AnswersText(Path("tune.tab"));
     Command(COMMAND_SAVEAS);
     EXPECT_EQ(Messages().back(), "To save tablature, first display the tablature\n(e.g. Action menu Show/Hide "
@@ -524,7 +524,7 @@ TEST_F(TabCommands, TheTxtFilterWritesOnlyByTheExtension)
     Update();
     for (bool const bUseType : {true, false})
     {
-        AnswersRow(2);
+        AnswersRow(3);
         AnswersText(Path("tune.txt"));
         Answers(bUseType ? Answer::YES : Answer::NO);
         Command(COMMAND_SAVEAS);
@@ -551,7 +551,7 @@ TEST_F(TabCommands, AFullDiskLeavesTheOldTablature)
     Lay("clef:1 n2/48");
     Command(COMMAND_SHOWTABLATURE);
     std::string const szFile = MakeFile("tune.tab", "old");
-    AnswersRow(1);
+    AnswersRow(2);
     AnswersText(szFile);
     cbDiskLeft = 100;
     Command(COMMAND_SAVEAS);
