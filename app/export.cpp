@@ -8,6 +8,8 @@
 #include "app/terminal.h"
 #include "core/text.h"
 #include "file/native.h"
+#include "midi/midi_write.h"
+#include "midi/play_list.h"
 #include "platform/files.h"
 #include "platform/headless/headless_window.h"
 #include "platform/svg.h"
@@ -141,6 +143,13 @@ bool WriteFile(std::string const& szPath, bool (*pWrite)(HFILE hFile))
     return true;
 }
 
+bool WriteMidi(std::string const& szPath, bool bExchange)
+{
+    return WriteFile(
+        szPath, bExchange ? [](HFILE hFile) { return SaveMidiFile(hFile, false, 0, false); }
+                          : [](HFILE hFile) { return SaveMidiFile(hFile, fBarnDance, lSwing, true); });
+}
+
 bool WriteTab(std::string const& szPath)
 {
     if (!Tab_IsShown())
@@ -231,6 +240,8 @@ bool Export_Write(std::string const& szPath, ExportFormat const& format, Documen
         return WriteFile(szPath, [](HFILE hFile) { return Native_Write(hFile) != 0; });
     if (sEnding == ".abc")
         return Export_Abc(szPath, format.lTune);
+    if (sEnding == ".mid")
+        return WriteMidi(szPath, format.bExchange);
     if (sEnding == ".tab" || sEnding == ".txt")
         return WriteTab(szPath);
     if (sEnding == ".svg")

@@ -13,7 +13,7 @@ constexpr int32_t lMostPixels = 20000;
 constexpr int32_t lMostSemitones = 60;
 constexpr int32_t lLeastDpi = 10;
 constexpr int32_t lMostDpi = 2400;
-constexpr char const* aOutputEndings[] = {".zrn", ".abc", ".pdf", ".svg", ".png", ".tab", ".txt"};
+constexpr char const* aOutputEndings[] = {".zrn", ".abc", ".mid", ".pdf", ".svg", ".png", ".tab", ".txt"};
 
 bool ReadNumber(std::string const& s, int32_t lLeast, int32_t lMost, int32_t* plNumber)
 {
@@ -71,7 +71,7 @@ struct Reader
         if (std::find(std::begin(aOutputEndings), std::end(aOutputEndings), sEnding) == std::end(aOutputEndings))
             return Fail(
                 options.sOutput +
-                ": can't write a file with this ending; .zrn, .abc, .pdf, .svg, .png, .tab and .txt can be written");
+                ": can't write a file with this ending; .zrn, .abc, .mid, .pdf, .svg, .png, .tab and .txt can be written");
         return true;
     }
 
@@ -153,6 +153,8 @@ struct Reader
             options.bMiniAdjust = true;
         else if (sWord == "--tablature")
             options.bTablature = true;
+        else if (sWord == "--exchange")
+            options.bExchange = true;
         else if (sWord == "-q" || sWord == "--quiet")
             options.bQuiet = true;
         else
@@ -212,6 +214,8 @@ struct Reader
             return Fail("--transpose goes with -o, --check, --dump or --fingering");
         if (options.bTablature && !bReads)
             return Fail("--tablature goes with -o, --check or --dump");
+        if (options.bExchange && FileEnding(options.sOutput) != ".mid")
+            return Fail("--exchange goes with -o and a file that ends in .mid");
         return true;
     }
 };
@@ -237,8 +241,9 @@ std::string FileEnding(std::string const& sPath)
 
 char const* Options_Help()
 {
-    return "zarn [FILE]                   open the editor, with a score (.zrn) or an ABC tune (.abc)\n"
-           "zarn -o OUT [options] FILE    convert without a window; OUT ends in .zrn, .abc, .pdf, .svg,\n"
+    return "zarn [FILE]                   open the editor, with a score (.zrn), an ABC tune (.abc) or a MIDI file "
+           "(.mid)\n"
+           "zarn -o OUT [options] FILE    convert without a window; OUT ends in .zrn, .abc, .mid, .pdf, .svg,\n"
            "                              .png, .tab or .txt\n"
            "     --export OUT             the same as -o OUT\n"
            "     --tune N|all             the tune numbered X:N of a many-tune file (default: the first);\n"
@@ -246,6 +251,7 @@ char const* Options_Help()
            "                              in an OUT that holds tunes, the one to replace, or to add\n"
            "     --adjust, --mini-adjust  lay the score out again after reading, with or without its bars\n"
            "     --tablature              find the cheapest fingering and show tablature; .tab and .txt need it\n"
+           "     --exchange               a .mid with the notes as written, for other programs, not as played\n"
            "     --transpose N            move the whole score by N semitones, -60 to 60, and lay it out again\n"
            "     --size WxH               the drawing area in pixels (default 1200x800)\n"
            "     --page N                 that page alone (.svg and .png)\n"

@@ -32,6 +32,7 @@ struct Options
     bool bAdjust = false;
     bool bMiniAdjust = false;
     bool bTablature = false;
+    bool bExchange = false;            ///< of a .mid
     std::optional<int32_t> lTranspose; ///< semitones, -60 to 60; nothing when it wasn't asked for
     int32_t lWidth = 1200;             ///< the drawing area in pixels
     int32_t lHeight = 800;

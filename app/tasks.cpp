@@ -58,7 +58,8 @@ static bool ReadScore(std::string const& szPath, int32_t lTune, Options const& o
 static ExportFormat FormatOf(Options const& options, int32_t lTune = -1)
 {
     return {options.lWidth, options.lHeight, options.lPage,
-            options.lDpi,   szAbcTune,       lTune >= 0 ? lTune : options.lTune};
+            options.lDpi,   szAbcTune,       lTune >= 0 ? lTune : options.lTune,
+            options.bExchange};
 }
 
 int32_t Task_Export(Options const& options, DocumentMaker pMaker)

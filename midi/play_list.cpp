@@ -13,6 +13,7 @@
 #include "midi/refresh_pitches.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
 
 namespace zarn
@@ -364,20 +365,12 @@ int32_t MidiAtPosition(int32_t lDiaPitch, int32_t lTranspose, int32_t lKey, Acci
     return MidiFromPitch(lDiaPitch, lKey, lAcc, lTranspose);
 }
 
-int32_t BuildPlayList(List* plistPlay, int32_t lLastStaff, int32_t lStart, PlayStyle const& style,
-                      int32_t const* afPlayed)
+PlayRecords PlayRecords_Build(int32_t lLastStaff, int32_t lStart, PlayStyle const& style, int32_t const* afPlayed)
 {
-    if (!*plistPlay)
-        *plistPlay = List_Create();
-    if (!*plistPlay)
-        return 0;
     PlayRecords records;
-    for (auto* p = List_FirstAs<PlayRecord>(*plistPlay); p; p = List_NextAs(p))
-        records.push_back(*p);
-    List_Clear(*plistPlay);
-
     int32_t lProgram = lProgramAtStart;
     (void)LoadSetting(&lProgram, "Default Instrument");
+    lProgram = std::clamp(lProgram, 0, lHighestMidiValue);
     auto const bPlayed = [&](int32_t lStaff) { return afPlayed[lStaff] && StaffFirst(lStaff); };
     lLastStaff = std::min(lLastStaff, lHighestStaff);
     for (int32_t lStaff = 0; lStaff <= lLastStaff; ++lStaff)
@@ -389,10 +382,28 @@ int32_t BuildPlayList(List* plistPlay, int32_t lLastStaff, int32_t lStart, PlayS
             builder.Staff(lStaff, lStart);
 
     std::stable_sort(records.begin(), records.end(), EarlierTime);
-    for (PlayRecord const& record : records)
-        List_AddLast(*plistPlay, &record, sizeof record);
     if (builder.IsTooLong())
         Serious("The repeats in this score make it too long: what lies beyond 2,000,000 events is left out.");
+    return records;
+}
+
+int32_t BuildPlayList(List* plistPlay, int32_t lLastStaff, int32_t lStart, PlayStyle const& style,
+                      int32_t const* afPlayed)
+{
+    if (!*plistPlay)
+        *plistPlay = List_Create();
+    if (!*plistPlay)
+        return 0;
+    PlayRecords records;
+    for (auto* p = List_FirstAs<PlayRecord>(*plistPlay); p; p = List_NextAs(p))
+        records.push_back(*p);
+    List_Clear(*plistPlay);
+    PlayRecords const built = PlayRecords_Build(lLastStaff, lStart, style, afPlayed);
+    records.insert(records.end(), built.begin(), built.end());
+    std::inplace_merge(records.begin(), records.end() - static_cast<std::ptrdiff_t>(built.size()), records.end(),
+                       EarlierTime);
+    for (PlayRecord const& record : records)
+        List_AddLast(*plistPlay, &record, sizeof record);
     return List_IsHealthy(*plistPlay);
 }
 

@@ -4,7 +4,8 @@
 packages_run="g++ cmake ninja-build pkgconf ccache mold qt6-base-dev fonts-dejavu-core"
 # To test besides.
 packages_test="libgtest-dev libgmock-dev libbenchmark-dev xvfb xauth openbox xdotool x11-utils scrot poppler-utils
-               librsvg2-bin libxml2-utils python3 python3-gi gir1.2-atspi-2.0 at-spi2-core dbus-daemon"
+               librsvg2-bin libxml2-utils python3 python3-gi gir1.2-atspi-2.0 at-spi2-core dbus-daemon
+               python3-mido abcmidi"
 
 # Installs what is missing of the packages named, and says what to do where it can't.
 install_missing()

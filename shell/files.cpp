@@ -1,7 +1,7 @@
 // Which reader or writer handles a file, and the questions on the way.
 //
-// Score files, ABC and ASCII tablature are written so far. A name that asks for another kind leads to the save dialog,
-// so that no file is ever overwritten with what its name doesn't promise unless its user says so.
+// Score files, ABC, MIDI files and ASCII tablature, each by its name or by what the user answers: no file is ever
+// overwritten with what its name doesn't promise unless its user says so.
 #include "shell/files.h"
 
 #include "abc/abc_index.h"
@@ -12,6 +12,8 @@
 #include "file/native.h"
 #include "layout/adjust.h"
 #include "layout/bars.h"
+#include "midi/midi_write.h"
+#include "midi/play_list.h"
 #include "panels/new_tune.h"
 #include "platform/commdlg.h"
 #include "platform/files.h"
@@ -103,15 +105,24 @@ static void ReadChosenTune(HFILE hFile, HWND hwnd, std::string const& szName)
     MiniAdjust();
 }
 
+/// Asks, and reads a MIDI file; false when the user doesn't want it. A damaged one leaves a tune with no file.
+static bool ReadAskedMidi(HFILE hFile, HWND hwnd, std::string const& szName)
+{
+    if (!AskYesNo("MIDI file input is new and, frankly, it doesn't work well yet, but it was less effort to leave it "
+                  "in.  Go ahead if you like and see what happens - else cancel now.",
+                  0))
+        return false;
+    Score_New();
+    SetWindowTextA(hwnd, ReadMidi(hFile, szName) ? szName : ErrorTitle(szName));
+    return true;
+}
+
 /// The reading road of an open file; false when the user or the file's kind stopped it, and nothing more may change.
 static bool ReadOpened(HFILE hFile, HWND hwnd, std::string const& szName)
 {
     FileType const type = FileTypeOf(szName);
     if (type == FileType::MIDI_PERFORMANCE)
-    {
-        Serious(Format("Zarn can't read MIDI files.  <%s> was not opened and nothing was lost.", szName.c_str()));
-        return false;
-    }
+        return ReadAskedMidi(hFile, hwnd, szName);
     if (type != FileType::ABC)
     {
         if (ReadNative(hFile))
@@ -153,8 +164,11 @@ void OpenFile(HWND hwnd)
 {
     FileDialog dialog;
     dialog.sTitle = "Open file";
-    dialog.aFilters = {
-        {"Zarn/ABC files", "*.zrn;*.abc"}, {"Zarn files", "*.zrn"}, {"ABC files", "*.abc"}, {"All Files", "*.*"}};
+    dialog.aFilters = {{"Zarn/ABC/MIDI files", "*.zrn;*.abc;*.mid"},
+                       {"Zarn files", "*.zrn"},
+                       {"ABC files", "*.abc"},
+                       {"MIDI files", "*.mid"},
+                       {"All Files", "*.*"}};
     if (!GetOpenFileNameA(hwnd, dialog))
         return;
     std::string const sOldTitle = hwnd ? hwnd->Title() : std::string();
@@ -189,59 +203,63 @@ struct SaveKind
 };
 constexpr SaveKind aSaveKind[] = {{FileType::NATIVE, {"Zarn files", "*.zrn"}},
                                   {FileType::ABC, {"ABC files", "*.abc"}},
+                                  {FileType::MIDI_EXCHANGE, {"MIDI exchange files", "*.MID"}},
+                                  {FileType::MIDI_PERFORMANCE, {"MIDI performance files", "*.MID"}},
                                   {FileType::ASCII_TAB, {"ASCII Tab files(.tab)", "*.tab"}},
                                   {FileType::ASCII_TAB_TEXT, {"ASCII Tab files(.txt)", "*.txt"}}};
 } // namespace
 
-static bool CanWrite(FileType type)
-{
-    return type == FileType::NATIVE || type == FileType::ABC || type == FileType::ASCII_TAB;
-}
-
 /// Music that was read as ABC from a .txt file must not become tablature there at a plain Save.
 static bool MayOverwrite(FileType type)
 {
-    return CanWrite(type) && !(type == FileType::ASCII_TAB && szFileName == szAbcFile);
+    return type != FileType::ASCII_TAB || szFileName != szAbcFile;
+}
+
+/// Makes the file in hand anew. bTell: a failure is told here, not by the writer.
+template <typename Writer>
+static SaveResult WriteFile(Writer write, bool bTell = true)
+{
+    HFILE const hFile = _lcreat(szFileName);
+    if (!hFile)
+    {
+        Serious("File didn't open - NOT saved!");
+        return SaveResult::FAILED;
+    }
+    bool const bWritten = write(hFile);
+    bool const bInPlace = _lclose(hFile);
+    if (bWritten && bInPlace)
+        return SaveResult::SAVED;
+    if (bTell)
+        Serious("Writing the file failed - NOT saved!  The file on disk and the score are as they were.");
+    return SaveResult::FAILED;
 }
 
 static SaveResult WriteNative()
 {
-    HFILE const hFile = _lcreat(szFileName);
-    if (!hFile)
-    {
-        Serious("File didn't open - NOT saved!");
-        return SaveResult::FAILED;
-    }
-    bool const bWritten = Native_Write(hFile) != 0;
-    bool const bInPlace = _lclose(hFile);
-    if (bWritten && bInPlace)
-    {
+    SaveResult const result = WriteFile([](HFILE hFile) { return Native_Write(hFile) != 0; });
+    if (result == SaveResult::SAVED)
         bScoreDirty = false;
-        return SaveResult::SAVED;
-    }
-    Serious("Writing the file failed - NOT saved!  The file on disk and the score are as they were.");
-    return SaveResult::FAILED;
+    return result;
+}
+
+/// The score stays unsaved: a MIDI file doesn't hold it all.
+static SaveResult WriteMidiPerformance()
+{
+    return WriteFile([](HFILE hFile) { return SaveMidiFile(hFile, fBarnDance, lSwing, true); });
+}
+
+static SaveResult WriteMidiExchange()
+{
+    if (!AskYesNo("Exchange MIDI file output is new and MIDI file input to Zarn frankly doesn't work well yet.  Save "
+                  "in another format or you may lose data.  Go ahead and save as MIDI anyway?",
+                  0))
+        return SaveResult::CANCELLED;
+    return WriteFile([](HFILE hFile) { return SaveMidiFile(hFile, false, 0, false); });
 }
 
 /// The score stays unsaved: tablature doesn't hold it all. With tablature hidden the user is told, and an empty file
 /// stands there.
-static SaveResult WriteTab()
-{
-    HFILE const hFile = _lcreat(szFileName);
-    if (!hFile)
-    {
-        Serious("File didn't open - NOT saved!");
-        return SaveResult::FAILED;
-    }
-    bool const bShown = Tab_IsShown();
-    bool const bWritten = Tab_SaveText(hFile);
-    bool const bInPlace = _lclose(hFile);
-    if (bWritten && bInPlace)
-        return SaveResult::SAVED;
-    if (bShown)
-        Serious("Writing the file failed - NOT saved!  The file on disk and the score are as they were.");
-    return SaveResult::FAILED;
-}
+static SaveResult WriteTab() { return WriteFile(Tab_SaveText, Tab_IsShown()); }
 
 /// The save dialog; the type that was asked for, UNKNOWN when cancelled. On OK the name is the name in hand.
 static FileType AskSaveName(HWND hwnd)
@@ -270,7 +288,8 @@ static FileType AskSaveName(HWND hwnd)
 static FileType SettleAskedType(FileType asked)
 {
     FileType const named = FileTypeOf(szFileName);
-    if (named == FileType::UNKNOWN || named == asked)
+    bool const bBothMidi = named == FileType::MIDI_PERFORMANCE && asked == FileType::MIDI_EXCHANGE;
+    if (named == FileType::UNKNOWN || named == asked || bBothMidi)
         return asked;
     int32_t const lAnswer =
         AskYesNoCancel("File name extension conflicts with type.  Yes = use type, No = use extension");
@@ -289,6 +308,8 @@ static FileType SettleNamedType()
         return lAnswer == 1 ? FileType::NATIVE : FileType::UNKNOWN;
     if (int32_t const lAnswer = AskYesNoCancel("OK to write as ABC file then??"); lAnswer != 0)
         return lAnswer == 1 ? FileType::ABC : FileType::UNKNOWN;
+    if (int32_t const lAnswer = AskYesNoCancel("OK to write as MIDI file maybe???"); lAnswer != 0)
+        return lAnswer == 1 ? FileType::MIDI_EXCHANGE : FileType::UNKNOWN;
     if (int32_t const lAnswer = AskYesNoCancel("Well TAB then????"); lAnswer != 0)
         return lAnswer == 1 ? FileType::ASCII_TAB : FileType::UNKNOWN;
     Serious("Don't know how you want it saved.  File NOT saved!");
@@ -316,13 +337,15 @@ SaveResult SaveFile(HWND hwnd, int32_t lCommand)
         return WriteNative();
     case FileType::ABC:
         return SaveAbc(lCommand);
+    case FileType::MIDI_EXCHANGE:
+        return WriteMidiExchange();
+    case FileType::MIDI_PERFORMANCE:
+        return WriteMidiPerformance();
     case FileType::ASCII_TAB:
         return WriteTab();
     case FileType::ASCII_TAB_TEXT:
         return SaveResult::FAILED; // the filter has never had a writer; the extension has
-    default:
-        Serious("Zarn can only write ZRN, ABC and tablature files.  File NOT saved!");
-        return SaveResult::FAILED;
     }
+    return SaveResult::FAILED;
 }
 } // namespace zarn

@@ -1,4 +1,4 @@
-// The reading road of a named file: score file first, then ABC.
+// The reading road of a named file: a MIDI file by its name, else score file first, then ABC.
 #include "shell/load.h"
 
 #include "abc/abc_index.h"
@@ -9,7 +9,9 @@
 #include "edit/new_score.h"
 #include "file/native.h"
 #include "layout/adjust.h"
+#include "layout/clean_up.h"
 #include "layout/place.h"
+#include "midi/midi_read.h"
 #include "render/geometry.h"
 #include "render/symbol_cursor.h"
 #include "shell/file_names.h"
@@ -31,6 +33,12 @@ int64_t ElementCount()
     return cElements;
 }
 
+void EmptyScore()
+{
+    if (ElementCount() != 0)
+        Score_New();
+}
+
 /// The tune of that X: number, read without asking; false when the file hasn't got it.
 bool ReadTune(HFILE hFile, std::string const& szName, int32_t lTune)
 {
@@ -41,8 +49,7 @@ bool ReadTune(HFILE hFile, std::string const& szName, int32_t lTune)
             : std::find_if(aRows.begin(), aRows.end(), [lTune](AbcTuneRow const& row) { return row.lNumber == lTune; });
     if (itTune == aRows.end())
         return false;
-    if (ElementCount() != 0)
-        Score_New(); // what a damaged score file left
+    EmptyScore(); // what a damaged score file left
     szAbcTune = szName;
     SetAbcNames(szName, ReadAbcNumbered(hFile, itTune->lNumber, &szAbcTune));
     MiniAdjust();
@@ -51,13 +58,21 @@ bool ReadTune(HFILE hFile, std::string const& szName, int32_t lTune)
 
 LoadResult ReadOpened(HFILE hFile, std::string const& szName, int32_t lTune, std::string* psTitle)
 {
+    *psTitle = ErrorTitle(szName);
+    if (FileTypeOf(szName) == FileType::MIDI_PERFORMANCE)
+    {
+        EmptyScore();
+        if (!ReadMidi(hFile, szName))
+            return LoadResult::NOT_READ;
+        *psTitle = szName;
+        return LoadResult::LOADED;
+    }
     if (ReadNative(hFile))
     {
         SetNativeNames(szName);
         *psTitle = szName;
         return LoadResult::LOADED;
     }
-    *psTitle = Format("Error reading <%s>", szName.c_str());
     if (FileTypeOf(szName) != FileType::ABC && !AskYesNo("File is not a ZRN file - try to open as ABC?", 1))
         return LoadResult::NOT_READ;
     _llseek(hFile, 0, FILE_BEGIN);
@@ -82,6 +97,19 @@ bool ReadNative(HFILE hFile)
     ReGrid();
     return false;
 }
+
+bool ReadMidi(HFILE hFile, std::string const& szName)
+{
+    bool const bRead = ReadMidiFile(hFile) == MIDI_FILE_READ;
+    if (!bRead)
+        Serious("MIDI input error.  Send file to Odrian if you think it's a bug.");
+    RemoveSpuriousAccidentals();
+    SetNativeNames(bRead ? szName : std::string());
+    bReadAsNative = false;
+    return bRead;
+}
+
+std::string ErrorTitle(std::string const& szName) { return Format("Error reading <%s>", szName.c_str()); }
 
 void SetNativeNames(std::string const& szName)
 {
@@ -148,7 +176,7 @@ bool LoadForExport(std::string const& szName, int32_t lTune, std::string* psErro
         break;
     }
     if (FileTypeOf(szName) == FileType::MIDI_PERFORMANCE)
-        *psError = "MIDI files can't be read";
+        *psError = "the MIDI file is damaged, or of a kind that can't be read";
     else if (lTune != lFirstTune)
         *psError = Format("the file has no tune X:%d", lTune);
     else if (FileTypeOf(szName) == FileType::ABC)

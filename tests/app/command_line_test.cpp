@@ -101,8 +101,31 @@ TEST_F(CommandLine, WrongWordsGiveStatusTwoAndOneClearLine)
 {
     EXPECT_EQ(Run("--nonsense"), 2);
     EXPECT_NE(sErr.find("unknown option --nonsense"), std::string::npos);
-    EXPECT_EQ(Run("-o x.mid book.abc"), 2);
-    EXPECT_FALSE(Has("x.mid"));
+    EXPECT_EQ(Run("-o x.wav book.abc"), 2);
+    EXPECT_FALSE(Has("x.wav"));
+    EXPECT_EQ(Run("--exchange -o x.zrn book.abc"), 2);
+    EXPECT_NE(sErr.find("--exchange goes with -o and a file that ends in .mid"), std::string::npos);
+}
+
+TEST_F(CommandLine, MidiFilesAreWrittenAsPlayedOrAsWrittenAndReadBack)
+{
+    EXPECT_EQ(Run("-o played.mid --tune 7 book.abc"), 0) << sErr;
+    EXPECT_EQ(Run("--exchange -o written.mid --tune 7 book.abc"), 0) << sErr;
+    EXPECT_NE(File("played.mid").find("\x91\x43\x40\x17\x43"), std::string::npos); // a quaver, one tick short
+    EXPECT_NE(File("written.mid").find("\x91\x43\x40\x18\x43"), std::string::npos);
+    EXPECT_EQ(Run("-o back.zrn written.mid"), 0) << sErr;
+    EXPECT_EQ(Run("--dump written.mid"), 0) << sErr;
+    std::string const sRead = Symbols(sOut);
+    EXPECT_NE(sRead.find("sort KEYSIG lA 1"), std::string::npos) << sRead;
+    EXPECT_EQ(Run("--check back.zrn"), 0) << sErr;
+}
+
+TEST_F(CommandLine, ADamagedMidiFileIsRefusedAndNothingIsWritten)
+{
+    Write(folder / "bad.mid", "MThd");
+    EXPECT_EQ(Run("-o bad.zrn bad.mid"), 1);
+    EXPECT_NE(sErr.find("the MIDI file is damaged, or of a kind that can't be read"), std::string::npos) << sErr;
+    EXPECT_FALSE(Has("bad.zrn"));
 }
 
 TEST_F(CommandLine, EverySampleReadsAdjustsWritesAndReadsBackTheSame)

@@ -232,7 +232,7 @@ TEST_F(StartUpTest, AConversionReadsByTheSameRoad)
     EXPECT_FALSE(LoadForExport("/no/such/file.zrn", lFirstTune, &sError));
     EXPECT_EQ(sError, "the file can't be opened");
     EXPECT_FALSE(LoadForExport(MakeFile("a.mid", "MThd"), lFirstTune, &sError));
-    EXPECT_EQ(sError, "MIDI files can't be read");
+    EXPECT_EQ(sError, "the MIDI file is damaged, or of a kind that can't be read");
     EXPECT_FALSE(LoadForExport(MakeFile("b.abc", ""), lFirstTune, &sError));
     EXPECT_EQ(sError, "the file holds no tune: no line begins X:");
     EXPECT_FALSE(LoadForExport(MakeFile("c.txt", sTwoTunes), lFirstTune, &sError));

@@ -42,6 +42,8 @@ struct TabCommands : Shell
         return place;
     }
 };
+constexpr int32_t lTabFilter = 4; // rows of the save dialog
+constexpr int32_t lTxtFilter = 5;
 constexpr char const* sRecalculate = "Do you want the tablature recalculated now?";
 } // namespace
 
@@ -493,7 +495,7 @@ TEST_F(TabCommands, TablatureIsSavedAsText)
     Lay("clef:1 n2/48");
     Command(COMMAND_OPTIMISEDTABLATURE);
     bScoreDirty = true;
-    AnswersRow(2);
+    AnswersRow(lTabFilter);
     AnswersText(Path("tune.tab"));
     Command(COMMAND_SAVEAS);
     EXPECT_EQ(Title(), "tune.tab");
@@ -508,7 +510,7 @@ TEST_F(TabCommands, TablatureIsSavedAsText)
 TEST_F(TabCommands, SavingHiddenTablatureLeavesAnEmptyFile)
 {
     Lay("clef:1 n2/48");
-    AnswersRow(2);
+    AnswersRow(lTabFilter);
     AnswersText(Path("tune.tab"));
     Command(COMMAND_SAVEAS);
     EXPECT_EQ(Messages().back(), "To save tablature, first display the tablature\n(e.g. Action menu Show/Hide "
@@ -524,7 +526,7 @@ TEST_F(TabCommands, TheTxtFilterWritesOnlyByTheExtension)
     Update();
     for (bool const bUseType : {true, false})
     {
-        AnswersRow(3);
+        AnswersRow(lTxtFilter);
         AnswersText(Path("tune.txt"));
         Answers(bUseType ? Answer::YES : Answer::NO);
         Command(COMMAND_SAVEAS);
@@ -551,7 +553,7 @@ TEST_F(TabCommands, AFullDiskLeavesTheOldTablature)
     Lay("clef:1 n2/48");
     Command(COMMAND_SHOWTABLATURE);
     std::string const szFile = MakeFile("tune.tab", "old");
-    AnswersRow(2);
+    AnswersRow(lTabFilter);
     AnswersText(szFile);
     cbDiskLeft = 100;
     Command(COMMAND_SAVEAS);

@@ -1,0 +1,13 @@
+/// Note lengths as the notation writes them.
+#pragma once
+#include <cstdint>
+
+namespace zarn
+{
+constexpr int32_t lQuantumDiv = 16;             ///< quanta in a semibreve
+constexpr int32_t lQuantum = 192 / lQuantumDiv; ///< ticks
+
+/// The nearest quantum, if a note of that length can be written, else the longest shorter one of the plain, dotted and
+/// triplet lengths up to 288 ticks. Half a quantum and less than nothing give 0.
+[[nodiscard]] int32_t Quantise(int32_t lTicks);
+} // namespace zarn
