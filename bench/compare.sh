@@ -4,7 +4,7 @@
 #   bench/compare.sh [BUILD_FOLDER]      default: build/release; a folder that holds zarn and zarn_make_reels
 #   RUNS=20 bench/compare.sh             how many runs of each; the median is shown
 #
-# What isn't there is left out with a line that says so. On Debian: abcm2ps, ghostscript (ps2pdf), hyperfine, xvfb,
+# What isn't there is left out with a line that says so. On Debian: abcm2ps, abcmidi, ghostscript (ps2pdf), hyperfine, xvfb,
 # pkg-config, qt6-base-dev and libxcb1-dev.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -73,6 +73,10 @@ for notes in 10000 100000; do
     if [ "$have_zarn" ]; then row "svg, $notes notes: zarn" "$zarn -q -o z.svg $notes.abc"; else skip "svg, $notes notes: zarn" "not built"; fi
     if has abcm2ps; then row "svg, $notes notes: abcm2ps" "abcm2ps -q -X -O a.xhtml $notes.abc"; else skip "svg, $notes notes: abcm2ps" "abcm2ps isn't installed"; fi
 done
+
+if [ "$have_zarn" ]; then row "midi, 10000 notes: zarn" "$zarn -q -o z.mid 10000.abc"; else skip "midi, 10000 notes: zarn" "not built"; fi
+if has abc2midi; then row "midi, 10000 notes: abc2midi" "abc2midi 10000.abc -o a.mid"; else skip "midi, 10000 notes: abc2midi" "abcmidi isn't installed"; fi
+if [ "$have_zarn" ]; then row "midi, 100000 notes: zarn" "$zarn -q -o z.mid 100000.abc"; else skip "midi, 100000 notes: zarn" "not built"; fi
 
 if [ "$have_zarn" ]; then row "pdf, 10000 notes: zarn" "$zarn -q -o z.pdf 10000.abc"; else skip "pdf, 10000 notes: zarn" "not built"; fi
 if has abcm2ps && has ps2pdf; then
