@@ -4,8 +4,9 @@
 #include "platform/gdi.h"
 #include "platform/registry.h"
 #include "platform/user.h"
+#include "platform/winmm.h"
 
-#include <memory>
+#include <functional>
 
 namespace zarn
 {
@@ -28,13 +29,24 @@ public:
     virtual void Quit(int32_t lCode) = 0;
     virtual uint32_t TickCount() = 0;
     virtual void Beep() = 0;
+    /// A timer of the main thread's, over and over until KillTimer; one of the same number is replaced.
+    virtual void SetTimer(int32_t lTimer, uint32_t cMilliseconds, std::function<void()> action) = 0;
+    virtual void KillTimer(int32_t lTimer) = 0;
+
+    /// Has the action called from the message loop. Any thread.
+    virtual void PostTask(std::function<void()> action) = 0;
+    /// Hands the event in from the message loop, as if the user had done it. Any thread.
+    virtual void PostEvent(Event const& event) = 0;
+    /// The CTRL key is down now, whichever window has the keys. Any thread.
+    [[nodiscard]] virtual bool IsControlDown() = 0;
 };
 
 struct Host
 {
     UserHost* pUser = nullptr;
     SettingsStore* pSettings = nullptr;
-    Door* pDoor = nullptr; ///< where the host hands in what comes from outside
+    SoundHost* pSound = nullptr; ///< null: no devices
+    Door* pDoor = nullptr;       ///< where the host hands in what comes from outside
 };
 inline Host host;
 } // namespace zarn

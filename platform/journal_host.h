@@ -3,6 +3,8 @@
 #include "platform/host.h"
 #include "platform/journal_writer.h"
 
+#include <utility>
+
 namespace zarn
 {
 /// Hand it to the real host as its door, and to the program as its host. Both sides must outlive it.
@@ -36,6 +38,14 @@ public:
     void Quit(int32_t lCode) override { real.Quit(lCode); }
     uint32_t TickCount() override { return real.TickCount(); }
     void Beep() override { real.Beep(); }
+    void SetTimer(int32_t lTimer, uint32_t cMilliseconds, std::function<void()> action) override
+    {
+        real.SetTimer(lTimer, cMilliseconds, std::move(action));
+    }
+    void KillTimer(int32_t lTimer) override { real.KillTimer(lTimer); }
+    void PostTask(std::function<void()> action) override { real.PostTask(std::move(action)); }
+    void PostEvent(Event const& event) override { real.PostEvent(event); }
+    [[nodiscard]] bool IsControlDown() override { return real.IsControlDown(); }
 
 private:
     bool WriteName(FileDialog const& dialog, int32_t lFilterBefore, bool bGiven);

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <map>
+#include <utility>
 
 namespace zarn
 {
@@ -193,6 +194,31 @@ void PostQuitMessage(int32_t lCode)
 {
     if (host.pUser)
         host.pUser->Quit(lCode);
+}
+
+void SetTimer(MainTimer timer, uint32_t cMilliseconds, std::function<void()> action)
+{
+    if (host.pUser)
+        host.pUser->SetTimer(static_cast<int32_t>(timer), cMilliseconds, std::move(action));
+}
+
+void KillTimer(MainTimer timer)
+{
+    if (host.pUser)
+        host.pUser->KillTimer(static_cast<int32_t>(timer));
+}
+
+void PostTask(std::function<void()> action)
+{
+    if (host.pUser)
+        host.pUser->PostTask(std::move(action));
+    else
+        action();
+}
+
+int16_t GetAsyncKeyState(int32_t lKey)
+{
+    return lKey == VK_CONTROL && host.pUser && host.pUser->IsControlDown() ? INT16_MIN : int16_t{0};
 }
 
 bool GetOpenFileNameA(HWND, FileDialog& dialog) { return host.pUser && host.pUser->AskOpenName(dialog); }

@@ -5,6 +5,7 @@
 #include "platform/types.h"
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -217,6 +218,23 @@ void SetMenuItemInfoA(HWND hwnd, int32_t lCommand, std::string_view sText);
 [[nodiscard]] bool WinHelpA(HWND hwnd, std::string_view sFile);
 /// The sound of a refusal.
 void MessageBeep(uint32_t lType);
+
+/// The main thread's timers.
+enum class MainTimer : int32_t
+{
+    PLAY_MARK, ///< moves the marker of the place being played
+    AUTOSAVE
+};
+/// Calls over and over from the message loop until KillTimer.
+void SetTimer(MainTimer timer, uint32_t cMilliseconds, std::function<void()> action);
+void KillTimer(MainTimer timer);
+
+/// Has the action called from the message loop; without a host at once. Any thread.
+void PostTask(std::function<void()> action);
+constexpr int32_t VK_CONTROL = 0x11;
+/// The key's state now, in the high bit; only CTRL is known. Any thread.
+[[nodiscard]] int16_t GetAsyncKeyState(int32_t lKey);
+
 /// Ends the message loop.
 void PostQuitMessage(int32_t lCode);
 } // namespace zarn

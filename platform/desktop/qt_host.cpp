@@ -11,6 +11,8 @@
 #include <QFileInfo>
 #include <QUrl>
 
+#include <utility>
+
 namespace zarn
 {
 int32_t QtHost::MessageBox(std::string_view sText, std::string_view sCaption, uint32_t lFlags)
@@ -75,6 +77,40 @@ bool QtHost::StartEditor(std::string_view sPath)
 {
     QFileInfo const file(QString::fromUtf8(sPath.data(), static_cast<qsizetype>(sPath.size())));
     return file.exists() && QDesktopServices::openUrl(QUrl::fromLocalFile(file.absoluteFilePath()));
+}
+
+void QtHost::SetTimer(int32_t lTimer, uint32_t cMilliseconds, std::function<void()> action)
+{
+    KillTimer(lTimer);
+    auto pTimer = std::make_unique<QTimer>();
+    QObject::connect(pTimer.get(), &QTimer::timeout, std::move(action));
+    pTimer->start(static_cast<int>(cMilliseconds));
+    timers[lTimer] = std::move(pTimer);
+}
+
+void QtHost::KillTimer(int32_t lTimer)
+{
+    auto const found = timers.find(lTimer);
+    if (found == timers.end())
+        return;
+    found->second->stop();
+    found->second.release()->deleteLater(); // it may be the one that calls
+    timers.erase(found);
+}
+
+void QtHost::PostTask(std::function<void()> action)
+{
+    QMetaObject::invokeMethod(&loop, std::move(action), Qt::QueuedConnection);
+}
+
+void QtHost::PostEvent(Event const& event)
+{
+    PostTask(
+        [this, event]
+        {
+            if (pDoor)
+                pDoor->Receive(event);
+        });
 }
 
 void QtHost::Quit(int32_t lCode)

@@ -1,5 +1,6 @@
 /// The desktop host: windows, boxes, documents and settings, with Qt.
 #pragma once
+#include "platform/desktop/control_key.h"
 #include "platform/desktop/progress_box.h"
 #include "platform/desktop/qt_settings.h"
 #include "platform/desktop/qt_window.h"
@@ -7,6 +8,12 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QTimer>
+
+#include <atomic>
+#include <functional>
+#include <map>
+#include <memory>
 
 namespace zarn
 {
@@ -30,6 +37,11 @@ public:
     void Quit(int32_t lCode) override;
     uint32_t TickCount() override { return static_cast<uint32_t>(clock.elapsed()); }
     void Beep() override { QApplication::beep(); }
+    void SetTimer(int32_t lTimer, uint32_t cMilliseconds, std::function<void()> action) override;
+    void KillTimer(int32_t lTimer) override;
+    void PostTask(std::function<void()> action) override;
+    void PostEvent(Event const& event) override;
+    [[nodiscard]] bool IsControlDown() override { return controlKey.IsDown(); }
 
     void SetDoor(Door* pNewDoor) override { pDoor = pNewDoor; }
     int32_t Run() override;
@@ -48,6 +60,9 @@ private:
     Door* pDoor = nullptr;
     std::unique_ptr<QtWindow> pWindow;
     ProgressBox progress;
+    ControlKey controlKey;
+    std::map<int32_t, std::unique_ptr<QTimer>> timers;
+    QObject loop;          ///< what is posted is called in its thread, the main one, and not after its end
     bool bRunning = false; ///< in the message loop
     bool bQuit = false;
     int32_t lQuitCode = 0;

@@ -30,6 +30,7 @@ void ActOnWindow(HeadlessWindow& window, Event const& event)
 
 void RunLoop(ScriptHost& user)
 {
+    user.RunPosted();
     if (user.pWindow)
         user.pWindow->RunLoop();
 }
@@ -37,7 +38,7 @@ void RunLoop(ScriptHost& user)
 void Deliver(Event const& event, ScriptHost& user)
 {
     if (event.kind == EventKind::TICK)
-        user.lNowMs += static_cast<uint32_t>(event.lNumber);
+        user.Advance(static_cast<uint32_t>(event.lNumber));
     if (user.pWindow)
         ActOnWindow(*user.pWindow, event);
     if (host.pDoor)

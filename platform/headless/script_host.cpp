@@ -1,6 +1,9 @@
 // The scripted host. A question finds its answer at the head of the line or takes the safe one.
 #include "platform/headless/script_host.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace zarn
 {
 int32_t ScriptHost::MessageBox(std::string_view sText, std::string_view sCaption, uint32_t lFlags)
@@ -81,6 +84,62 @@ bool ScriptHost::ShowProgress(std::string_view, int32_t lDone, int32_t lTotal)
     if (pOnProgress)
         pOnProgress(lDone, lTotal);
     return lDone >= lTotal || !bCallsOff;
+}
+
+void ScriptHost::SetTimer(int32_t lTimer, uint32_t cMilliseconds, std::function<void()> action)
+{
+    uint32_t const cPeriodMs = std::max(cMilliseconds, uint32_t{1});
+    timers[lTimer] = {cPeriodMs, lNowMs + cPeriodMs, std::move(action)};
+}
+
+void ScriptHost::Advance(uint32_t cMilliseconds)
+{
+    uint64_t const lEnd = uint64_t{lNowMs} + cMilliseconds;
+    for (;;)
+    {
+        auto const next =
+            std::min_element(timers.begin(), timers.end(),
+                             [](auto const& a, auto const& b) { return a.second.lDueMs < b.second.lDueMs; });
+        if (next == timers.end() || next->second.lDueMs > lEnd)
+            break;
+        lNowMs = std::max(lNowMs, next->second.lDueMs);
+        next->second.lDueMs += next->second.cPeriodMs;
+        auto const action = next->second.action; // the timer may end itself
+        action();
+    }
+    lNowMs = std::max(lNowMs, static_cast<uint32_t>(lEnd)); // a timer may have slept
+}
+
+void ScriptHost::PostTask(std::function<void()> action)
+{
+    std::scoped_lock const lock(postedLock);
+    posted.push_back(std::move(action));
+}
+
+void ScriptHost::PostEvent(Event const& event)
+{
+    PostTask(
+        [event]
+        {
+            if (host.pDoor)
+                host.pDoor->Receive(event);
+        });
+}
+
+void ScriptHost::RunPosted()
+{
+    for (;;)
+    {
+        std::function<void()> action;
+        {
+            std::scoped_lock const lock(postedLock);
+            if (posted.empty())
+                return;
+            action = std::move(posted.front());
+            posted.pop_front();
+        }
+        action();
+    }
 }
 
 bool ScriptHost::ShowHelp(std::string_view sFile)

@@ -5,9 +5,12 @@
 #include "platform/headless/headless_window.h"
 #include "platform/host.h"
 
+#include <atomic>
 #include <deque>
 #include <functional>
+#include <map>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -43,6 +46,16 @@ public:
     void Quit(int32_t lCode) override;
     uint32_t TickCount() override { return lNowMs += lMsPerLook; }
     void Beep() override { ++cBeeps; }
+    void SetTimer(int32_t lTimer, uint32_t cMilliseconds, std::function<void()> action) override;
+    void KillTimer(int32_t lTimer) override { timers.erase(lTimer); }
+    void PostTask(std::function<void()> action) override;
+    void PostEvent(Event const& event) override;
+    [[nodiscard]] bool IsControlDown() override { return bControlDown; }
+
+    /// The clock goes on, and the timers that fall due call, in the order of their times.
+    void Advance(uint32_t cMilliseconds);
+    /// Calls what was posted, also what that posts.
+    void RunPosted();
 
     std::deque<Answer> answers;
     std::vector<Shown> shown;                           ///< messages and questions, in order
@@ -60,9 +73,10 @@ public:
     bool bPanelClassesWork = true;
     bool bPanelsWork = true;
     uint32_t lNowMs = 0;
-    uint32_t lMsPerLook = 0; ///< by which the clock goes on whenever somebody looks at it
+    uint32_t lMsPerLook = 0;        ///< by which the clock goes on whenever somebody looks at it
     std::vector<int32_t> aProgress; ///< how far long runs came, as they told it
-    bool bCallsOff = false;         ///< the next long run that tells how far it has come is called off
+    std::atomic<bool> bControlDown = false;
+    bool bCallsOff = false; ///< the next long run that tells how far it has come is called off
     /// Called with each step of a long run, the last one with lDone equal to lTotal; for a command line that shows it.
     std::function<void(int32_t lDone, int32_t lTotal)> pOnProgress;
     /// Called with each message and question as it is shown; for a command line that tells its user.
@@ -72,7 +86,18 @@ public:
     [[nodiscard]] std::vector<std::string> Messages() const;
 
 private:
+    struct Timer
+    {
+        uint32_t cPeriodMs = 0;
+        uint32_t lDueMs = 0;
+        std::function<void()> action;
+    };
+
     void Show(Shown box);
     bool AskName(FileDialog& dialog);
+
+    std::map<int32_t, Timer> timers;
+    std::mutex postedLock;
+    std::deque<std::function<void()>> posted;
 };
 } // namespace zarn

@@ -9,8 +9,8 @@ namespace zarn::test
 {
 namespace
 {
-constexpr int32_t lExchangeFilter = 1; // rows of the save dialog
-constexpr int32_t lPerformanceFilter = 2;
+constexpr int32_t lExchangeFilter = 2; // rows of the save dialog
+constexpr int32_t lPerformanceFilter = 3;
 constexpr char const* sInputQuestion = "MIDI file input is new and, frankly, it doesn't work well yet, but it was less "
                                        "effort to leave it in.  Go ahead if "
                                        "you like and see what happens - else cancel now.";
@@ -158,6 +158,7 @@ TEST_F(MidiFiles, AnUnknownExtensionCanBecomeAnExchangeFile)
 {
     AnswersText(Path("a.xyz"));
     Command(COMMAND_SAVEAS);
+    Answers(Answer::NO);
     Answers(Answer::NO);
     Answers(Answer::YES);
     Answers(Answer::YES);
