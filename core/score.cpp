@@ -5,7 +5,6 @@
 #include "core/score.h"
 
 #include "core/messages.h"
-#include "core/score_count.h"
 
 #include <algorithm>
 #include <limits>
@@ -34,7 +33,6 @@ void Score_EmptyStaffs()
     for (List const list : aStaffList)
         List_Clear(list);
     NullCursors();
-    ++cScoresBegun;
 }
 
 void Score_DestroyLists()

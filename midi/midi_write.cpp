@@ -168,9 +168,7 @@ bool SaveMidiFile(HFILE hFile, bool fBarnDance, int32_t lSwing, bool fDetach)
             continue;
         int32_t afOne[lStaffLists] = {};
         afOne[lStaff] = 1;
-        PlayRecords records;
-        BuildPlayList(records, lHighestStaff, 0, style, afOne);
-        if (!WriteStaffTrack(hFile, records))
+        if (!WriteStaffTrack(hFile, PlayRecords_Build(lHighestStaff, 0, style, afOne)))
             return false;
     }
     return true;

@@ -12,7 +12,6 @@
 #include "render/geometry.h"
 #include "shell/command_numbers.h"
 #include "shell/menu.h"
-#include "shell/play_options.h"
 
 namespace zarn
 {
@@ -105,7 +104,6 @@ void Options_ShowChecks()
     Menu_Check(COMMAND_CHORDSBELOW, bChordsBelowStaff);
     for (int32_t lStaff = 1; lStaff <= lHighestStaff; ++lStaff)
         Menu_Check(COMMAND_SHOWSTAFF + lStaff, IsVisible(lStaff));
-    PlayOptions_ShowChecks();
 }
 
 bool RefuseInRightJustified()

@@ -7,7 +7,6 @@
 #include "core/settings.h"
 #include "core/text.h"
 #include "edit/new_score.h"
-#include "midi/midi_setup.h"
 #include "panels/dialogs.h"
 #include "platform/registry.h"
 #include "render/font.h"
@@ -22,7 +21,6 @@
 #include "shell/options.h"
 #include "shell/page_commands.h"
 #include "shell/panels_shown.h"
-#include "shell/play_marker.h"
 #include "shell/tab_commands.h"
 
 namespace zarn
@@ -113,7 +111,6 @@ bool StartUp(std::string_view szCommandLine)
 {
     Score_StartUp();
     LoadSetting(&bUseCrlf, szCrlfSetting);
-    PlayMarker_LoadSetting();
     if (!MakeMainWindow())
         return false;
     if (!szCommandLine.empty())
@@ -132,7 +129,6 @@ void ShutDown()
 {
     if (aStaffList[0]) // leaving through the window has freed them already
         Score_DestroyLists();
-    ShutDownMidi();
     hwndMain = nullptr;
     Panels_Forget();
     Font_Renew();

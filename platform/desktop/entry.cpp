@@ -2,6 +2,7 @@
 #include "platform/desktop/qt_host.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <cstdio>
 #include <cstdlib>
 
@@ -50,6 +51,15 @@ char const* Platform(bool fWindow)
 #endif
     return nullptr;
 }
+
+/// The same picture as in the desktop's menu, also when nothing is installed.
+QIcon Icon()
+{
+    QIcon icon;
+    for (char const* const sFile : {"zarn-16.png", "zarn-32.png", "zarn-48.png", "zarn-128.png"})
+        icon.addFile(QStringLiteral(":/icons/") + QLatin1String(sFile));
+    return icon;
+}
 } // namespace
 
 extern "C" Q_DECL_EXPORT DesktopHost* zarn_desktop_host(int, char** argv, bool fWindow)
@@ -68,6 +78,7 @@ extern "C" Q_DECL_EXPORT DesktopHost* zarn_desktop_host(int, char** argv, bool f
         return new QtHost;
     }
     new QApplication(arguments.argc, arguments.argv);
+    QApplication::setWindowIcon(Icon());
     if (sPlatform && QGuiApplication::platformName() == QLatin1String("offscreen"))
         return nullptr;
     QGuiApplication::setQuitOnLastWindowClosed(false);

@@ -13,14 +13,12 @@ namespace zarn
 static QString ManualPath()
 {
     QDir const program(QCoreApplication::applicationDirPath());
-    for (char const* const sFolder : {"../share/doc/zarn", "../docs", "../../docs"})
-        for (char const* const sFile : {"manual.html", "index.html"})
-        {
-            QString const sPath =
-                program.filePath(QStringLiteral("%1/%2").arg(QLatin1String(sFolder), QLatin1String(sFile)));
-            if (QFileInfo::exists(sPath))
-                return QDir::cleanPath(sPath);
-        }
+    for (char const* const sFile : {"../share/zarn/docs/index.html", "../docs/index.html", "../../docs/index.html"})
+    {
+        QString const sPath = program.filePath(QLatin1String(sFile));
+        if (QFileInfo::exists(sPath))
+            return QDir::cleanPath(sPath);
+    }
     return {};
 }
 

@@ -1,0 +1,74 @@
+#!/bin/sh
+# Installs the Debian package in a system that has nothing else, uses it there, and removes it.
+#   clean_root.sh FILE.deb
+# Needs mmdebstrap, and the machine's source of Debian packages, from which it fetches 200 MB.
+set -e
+deb=$(realpath "$1")
+suite=$(. /etc/os-release && echo "$VERSION_CODENAME")
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cp "$deb" "$work/zarn.deb"
+
+# What the new system runs. A step that fails ends it.
+cat > "$work/check.sh" <<'END'
+set -e
+export DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8 HOME=/root DISPLAY=:5
+step() { echo "clean root: $*"; }
+# Everything that isn't a directory, but for what any installation leaves behind.
+files() { find / -xdev ! -type d ! -path '/proc/*' ! -path '/sys/*' ! -path '/tmp/*' ! -path '/root/*' \
+    ! -path '/var/lib/apt/*' ! -path '/var/lib/dpkg/*' ! -path '/var/cache/*' ! -path '/var/log/*' | sort; }
+# A window of that name comes up.
+wait_for_window()
+{
+    timeout 30 sh -c 'until xwininfo -root -tree 2>/dev/null | grep -q "$0"; do :; done' "$1"
+}
+# Ends the program that a double click has started.
+end_of_the_program() { kill "$(pidof zarn)"; timeout 30 sh -c 'while pidof zarn >/dev/null; do :; done'; }
+
+step "install"
+apt-get install -qq -y --no-install-recommends man-db gzip >/dev/null
+apt-get install -qq -y --no-install-recommends /tmp/zarn.deb >/dev/null
+step "run"
+test "$(zarn --version)" = "zarn $(dpkg-query -W -f '${Version}' zarn | sed 's/-.*//')"
+cd /root
+for ending in pdf png svg mid abc zrn; do
+    zarn -q -o "tune.$ending" /usr/share/zarn/samples/cooley.abc
+    test -s "tune.$ending"
+done
+zarn -q --tablature -o tune.tab /usr/share/zarn/samples/skye-boat-song.abc
+test -s tune.tab
+man -w zarn >/dev/null
+step "remove"
+files > /tmp/with
+apt-get purge -qq -y zarn >/dev/null
+files > /tmp/without
+dpkg-deb -c /tmp/zarn.deb | awk '{print substr($6, 2)}' | grep -v '/$' | sort > /tmp/held
+comm -12 /tmp/held /tmp/without > /tmp/left
+test ! -s /tmp/left || { cat /tmp/left; exit 1; }
+comm -13 /tmp/with /tmp/without > /tmp/new
+test ! -s /tmp/new || { cat /tmp/new; exit 1; }
+test ! -e /usr/share/zarn
+step "install again, with what a desktop has"
+apt-get install -qq -y --no-install-recommends xvfb x11-utils libglib2.0-bin desktop-file-utils xdg-utils dbus-x11 \
+    /tmp/zarn.deb >/dev/null
+test "$(xdg-mime query default application/x-zarn)" = zarn.desktop
+test "$(xdg-mime query default text/vnd.abc)" = zarn.desktop
+test "$(xdg-mime query filetype tune.zrn)" = application/x-zarn
+test "$(xdg-mime query filetype tune.abc)" = text/vnd.abc
+step "open by a double click"
+Xvfb :5 -screen 0 1000x700x24 -nolisten tcp >/dev/null 2>&1 &
+server=$!
+timeout 30 sh -c 'until xwininfo -root >/dev/null 2>&1; do :; done'
+gio open /usr/share/zarn/samples/cooley.abc
+wait_for_window "Cooley's"
+end_of_the_program
+cp tune.zrn nameless
+gio open nameless
+wait_for_window nameless
+end_of_the_program
+kill $server
+step "all well"
+END
+
+mmdebstrap --quiet --variant=apt --format=null --customize-hook="copy-in '$work/zarn.deb' '$work/check.sh' /tmp" \
+    --customize-hook='chroot "$1" sh /tmp/check.sh' "$suite"
