@@ -14,6 +14,7 @@ cat > "$work/check.sh" <<'END'
 set -e
 export DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8 HOME=/root DISPLAY=:5
 step() { echo "clean root: $*"; }
+expect() { test "$1" = "$2" || { echo "\"$1\" instead of \"$2\""; exit 1; }; }
 # Everything that isn't a directory, but for what any installation leaves behind.
 files() { find / -xdev ! -type d ! -path '/proc/*' ! -path '/sys/*' ! -path '/tmp/*' ! -path '/root/*' \
     ! -path '/var/lib/apt/*' ! -path '/var/lib/dpkg/*' ! -path '/var/cache/*' ! -path '/var/log/*' | sort; }
@@ -29,7 +30,7 @@ step "install"
 apt-get install -qq -y --no-install-recommends man-db gzip >/dev/null
 apt-get install -qq -y --no-install-recommends /tmp/zarn.deb >/dev/null
 step "run"
-test "$(zarn --version)" = "zarn $(dpkg-query -W -f '${Version}' zarn | sed 's/-.*//')"
+expect "$(zarn --version)" "zarn $(dpkg-query -W -f '${Version}' zarn | sed 's/-.*//')"
 cd /root
 for ending in pdf png svg mid abc zrn; do
     zarn -q -o "tune.$ending" /usr/share/zarn/samples/cooley.abc
@@ -51,10 +52,10 @@ test ! -e /usr/share/zarn
 step "install again, with what a desktop has"
 apt-get install -qq -y --no-install-recommends xvfb x11-utils libglib2.0-bin desktop-file-utils xdg-utils dbus-x11 \
     /tmp/zarn.deb >/dev/null
-test "$(xdg-mime query default application/x-zarn)" = zarn.desktop
-test "$(xdg-mime query default text/vnd.abc)" = zarn.desktop
-test "$(xdg-mime query filetype tune.zrn)" = application/x-zarn
-test "$(xdg-mime query filetype tune.abc)" = text/vnd.abc
+expect "$(xdg-mime query default application/x-zarn)" zarn.desktop
+expect "$(xdg-mime query default text/vnd.abc)" zarn.desktop
+gio info -a standard::content-type tune.zrn | grep -q ': application/x-zarn$'
+gio info -a standard::content-type tune.abc | grep -q ': text/vnd.abc$'
 step "open by a double click"
 Xvfb :5 -screen 0 1000x700x24 -nolisten tcp >/dev/null 2>&1 &
 server=$!
