@@ -93,6 +93,17 @@ class Pictures:
             self.keep("menu-" + name.lower(), (min(left, bar_left), bar_top, width + EDGE, bar_height + height + EDGE))
             self.screen.press("Escape", "Escape")
 
+    def submenu(self, name, *path):
+        """With the menu that it comes out of."""
+        self.editor.choose(*path)
+        self.editor.wait("both menus", lambda: len(self.editor.showing("popup menu")) == len(path))
+        edges = [(left, top, left + width, top + height)
+                 for left, top, width, height in map(screen.extents, self.editor.showing("popup menu"))]
+        left, top = min(edge[0] for edge in edges), min(edge[1] for edge in edges)
+        right, bottom = max(edge[2] for edge in edges), max(edge[3] for edge in edges)
+        self.keep(name, (left - EDGE, top - EDGE, right - left + 2 * EDGE, bottom - top + 2 * EDGE))
+        self.screen.press(*["Escape"] * (len(path) + 1))
+
     def dialog(self, name, *path, role="dialog"):
         self.editor.choose(*path)
         self.keep_window(name, role)
@@ -132,6 +143,12 @@ class Pictures:
                        stderr=subprocess.DEVNULL)
 
 
+    def page(self, name, sample, size):
+        """The first page of a sample, small enough for a page of the manual."""
+        words = ["--quiet", "--page", "1", "--size", size, "--dpi", "64", "-o", os.path.join(HERE, name + ".png")]
+        subprocess.run([self.editor.program, *words, sample], cwd=self.folder, check=True)
+
+
 def main():
     build = os.path.abspath(sys.argv[1] if len(sys.argv) > 1 else os.path.join(HERE, "..", "build", "release"))
     bus = screen.Bus()
@@ -142,8 +159,11 @@ def main():
         pictures.modes()
         pictures.panels()
         pictures.menus()
+        pictures.submenu("menu-settings", "Options", "Settings")
         pictures.dialogs()
         pictures.list_of_tunes()
+        pictures.page("page-words", "auld-lang-syne.zrn", "1200x640")
+        pictures.page("page-staffs", "old-hundredth.zrn", "1200x720")
         pictures.tablature("tablature")
         pictures.tablature("tablature-closed", "answer number 0", "answer cancel", "command 712", "answer number 200",
                            "answer cancel", "command 790")

@@ -67,7 +67,7 @@ static DesktopEntry OpenModule(fs::path const& file, std::string& sError)
 
 DesktopHost* LoadDesktop(fs::path const& folder, int argc, char** argv, bool fWindow, std::string& sError)
 {
-    fs::path const aPlaces[] = {folder / sModuleFile, folder / ".." / "lib" / "zarn" / "modules" / sModuleFile};
+    fs::path const aPlaces[] = {folder / sModuleFile, folder / ".." / "lib" / "zarn" / sModuleFile};
     std::error_code error;
     for (fs::path const& file : aPlaces)
     {
@@ -86,7 +86,7 @@ DesktopHost* LoadDesktop(fs::path const& folder, int argc, char** argv, bool fWi
         return pHost;
     }
     sError = std::string("The desktop part of Zarn is missing: ") + sModuleFile + " is neither in " + folder.string() +
-             " nor in ../lib/zarn/modules beside it.";
+             " nor in ../lib/zarn beside it.";
     return nullptr;
 }
 } // namespace zarn

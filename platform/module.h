@@ -10,9 +10,9 @@ namespace zarn
 /// The folder that the running program lies in; empty when the system doesn't tell.
 [[nodiscard]] std::filesystem::path ExecutableFolder();
 
-/// Loads the module that lies in the program's folder or in ../lib/zarn/modules beside it, and makes its host; the
-/// module stays loaded to the end. Null when that can't be, and sError is a sentence for the user. The other arguments
-/// are those of zarn_desktop_host.
+/// Loads the module that lies in the program's folder or in ../lib/zarn beside it, and makes its host; the module stays
+/// loaded to the end. Null when that can't be, and sError is a sentence for the user. The other arguments are those of
+/// zarn_desktop_host.
 [[nodiscard]] DesktopHost* LoadDesktop(std::filesystem::path const& folder, int argc, char** argv, bool fWindow,
                                        std::string& sError);
 } // namespace zarn

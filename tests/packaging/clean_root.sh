@@ -12,19 +12,25 @@ cp "$deb" "$work/zarn.deb"
 # What the new system runs. A step that fails ends it.
 cat > "$work/check.sh" <<'END'
 set -e
-export DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8 HOME=/root DISPLAY=:5
+export DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8 HOME=/root
 step() { echo "clean root: $*"; }
 expect() { test "$1" = "$2" || { echo "\"$1\" instead of \"$2\""; exit 1; }; }
 # Everything that isn't a directory, but for what any installation leaves behind.
 files() { find / -xdev ! -type d ! -path '/proc/*' ! -path '/sys/*' ! -path '/tmp/*' ! -path '/root/*' \
     ! -path '/var/lib/apt/*' ! -path '/var/lib/dpkg/*' ! -path '/var/cache/*' ! -path '/var/log/*' | sort; }
-# A window of that name comes up.
-wait_for_window()
+# A double click on the file opens a window of that name, on a display that nobody sees. The display ends, and the
+# program with it.
+expect_to_open()
 {
-    timeout 30 sh -c 'until xwininfo -root -tree 2>/dev/null | grep -q "$0"; do :; done' "$1"
+    Xvfb -displayfd 3 -screen 0 1000x700x24 -nolisten tcp 3>/tmp/display >/dev/null 2>&1 &
+    server=$!
+    timeout 30 sh -c 'until test -s /tmp/display; do :; done'
+    export DISPLAY=":$(cat /tmp/display)"
+    gio open "$1"
+    timeout 30 sh -c 'until xwininfo -root -tree 2>/dev/null | grep -q "$0"; do :; done' "$2"
+    kill $server
+    wait $server || true
 }
-# Ends the program that a double click has started.
-end_of_the_program() { kill "$(pidof zarn)"; timeout 30 sh -c 'while pidof zarn >/dev/null; do :; done'; }
 
 step "install"
 apt-get install -qq -y --no-install-recommends man-db gzip >/dev/null
@@ -57,19 +63,12 @@ expect "$(xdg-mime query default text/vnd.abc)" zarn.desktop
 gio info -a standard::content-type tune.zrn | grep -q ': application/x-zarn$'
 gio info -a standard::content-type tune.abc | grep -q ': text/vnd.abc$'
 step "open by a double click"
-Xvfb :5 -screen 0 1000x700x24 -nolisten tcp >/dev/null 2>&1 &
-server=$!
-timeout 30 sh -c 'until xwininfo -root >/dev/null 2>&1; do :; done'
-gio open /usr/share/zarn/samples/cooley.abc
-wait_for_window "Cooley's"
-end_of_the_program
+expect_to_open /usr/share/zarn/samples/cooley.abc "Cooley's"
 cp tune.zrn nameless
-gio open nameless
-wait_for_window nameless
-end_of_the_program
-kill $server
+expect_to_open nameless '"nameless"'
 step "all well"
 END
 
+# With processes of its own: whatever a check leaves running ends with it.
 mmdebstrap --quiet --variant=apt --format=null --customize-hook="copy-in '$work/zarn.deb' '$work/check.sh' /tmp" \
-    --customize-hook='chroot "$1" sh /tmp/check.sh' "$suite"
+    --customize-hook='unshare --fork --pid --kill-child chroot "$1" sh /tmp/check.sh' "$suite"

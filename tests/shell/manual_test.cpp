@@ -1,0 +1,186 @@
+// The manual tells every command with its key and every option, and nothing in it points to what isn't there.
+#include "app/options.h"
+#include "shell/menu.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace zarn
+{
+namespace
+{
+namespace fs = std::filesystem;
+
+std::string Replaced(std::string s, std::string const& sOld, std::string const& sNew)
+{
+    for (size_t l = s.find(sOld); l != s.npos; l = s.find(sOld, l + sNew.size()))
+        s.replace(l, sOld.size(), sNew);
+    return s;
+}
+
+/// A page's text, its line breaks as blanks.
+std::string ReadPage(fs::path const& file)
+{
+    std::ifstream stream(file);
+    std::ostringstream sText;
+    sText << stream.rdbuf();
+    return Replaced(sText.str(), "\n", " ");
+}
+
+struct Manual : testing::Test
+{
+    Manual()
+    {
+        for (fs::directory_entry const& entry : fs::directory_iterator(ZARN_DOCS_DIR))
+        {
+            sNames.insert(entry.path().filename().string());
+            if (entry.path().extension() == ".html")
+                sPages[entry.path().filename().string()] = ReadPage(entry.path());
+        }
+        for (auto const& [sName, sPage] : sPages)
+            sAll += sPage;
+    }
+
+    std::set<std::string> sNames; ///< of all files
+    std::map<std::string, std::string> sPages;
+    std::string sAll;
+};
+
+/// As the manual has it: no mnemonic, no dots, and no number in force.
+std::string PlainLabel(std::string sLabel)
+{
+    sLabel = sLabel.substr(0, sLabel.find('\t'));
+    sLabel = Replaced(Replaced(Replaced(sLabel, "&&", "\1"), "&", ""), "\1", "&amp;");
+    if (sLabel.ends_with("..."))
+    {
+        sLabel.erase(sLabel.size() - 3);
+        static std::regex const inForce(" \\(\\d+%?\\)$");
+        sLabel = std::regex_replace(sLabel, inForce, "");
+    }
+    return sLabel;
+}
+
+/// "Ctrl+z" for "^Z", as it may stand in the manual, in lower case.
+std::string PlainKey(std::string const& sLabel)
+{
+    size_t const lTab = sLabel.find('\t');
+    if (lTab == sLabel.npos)
+        return {};
+    std::string sKey = Replaced(Replaced(sLabel.substr(lTab + 1), "<", "&lt;"), ">", "&gt;");
+    if (sKey[0] == '^')
+        sKey = "ctrl+" + sKey.substr(1);
+    std::transform(sKey.begin(), sKey.end(), sKey.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return sKey;
+}
+
+void CollectLabels(std::vector<MenuItem> const& aItems, std::vector<std::string>& aLabels)
+{
+    for (MenuItem const& item : aItems)
+    {
+        if (item.sLabel)
+            aLabels.emplace_back(item.sLabel);
+        CollectLabels(item.aItems, aLabels);
+    }
+}
+
+std::vector<std::string> MenuLabels()
+{
+    std::vector<std::string> aLabels;
+    CollectLabels(MainMenu(), aLabels);
+    return aLabels;
+}
+
+std::vector<std::string> AllMatches(std::string const& sText, char const* sPattern)
+{
+    std::regex const pattern(sPattern);
+    std::vector<std::string> aFound;
+    for (auto it = std::sregex_iterator(sText.begin(), sText.end(), pattern); it != std::sregex_iterator(); ++it)
+        aFound.push_back((*it)[1]);
+    return aFound;
+}
+
+TEST_F(Manual, NamesEveryEntryOfEveryMenu)
+{
+    std::vector<std::string> const aLabels = MenuLabels();
+    EXPECT_GT(aLabels.size(), 500U);
+    for (std::string const& sLabel : aLabels)
+        EXPECT_NE(sAll.find("<b>" + PlainLabel(sLabel) + "</b>"), sAll.npos)
+            << "the manual (docs/*.html) lacks <b>" << PlainLabel(sLabel) << "</b>";
+}
+
+TEST_F(Manual, HasTheKeyBesideTheCommand)
+{
+    for (std::string const& sLabel : MenuLabels())
+    {
+        std::string const sKey = PlainKey(sLabel);
+        if (sKey.empty())
+            continue;
+        std::string const sCell = "<b>" + PlainLabel(sLabel) + "</b></td><td>";
+        size_t const lRow = sAll.find(sCell);
+        ASSERT_NE(lRow, sAll.npos) << "no row of a table of commands begins with " << sCell;
+        std::string sKeys =
+            sAll.substr(lRow + sCell.size(), sAll.find("</td>", lRow + sCell.size()) - lRow - sCell.size());
+        std::transform(sKeys.begin(), sKeys.end(), sKeys.begin(),
+                       [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+        EXPECT_NE(sKeys.find("<kbd>" + sKey + "</kbd>"), sKeys.npos) << PlainLabel(sLabel) << ": " << sKeys;
+    }
+}
+
+TEST_F(Manual, TellsEveryOptionOfTheCommandLine)
+{
+    std::vector<std::string> const aOptions = AllMatches(Options_Help(), "[ \\[](--?[a-z][-a-z]*)");
+    EXPECT_GT(aOptions.size(), 20U);
+    for (std::string const& sOption : aOptions)
+    {
+        std::regex const inTheManual("<code>" + sOption + "[ <]");
+        EXPECT_TRUE(std::regex_search(sPages["command-line.html"], inTheManual)) << sOption;
+    }
+}
+
+TEST_F(Manual, PointsOnlyToWhatIsThere)
+{
+    for (auto const& [sName, sPage] : sPages)
+    {
+        for (std::string const& sPicture : AllMatches(sPage, "<img src=\"([^\"]*)\""))
+            EXPECT_TRUE(sNames.contains(sPicture)) << sName << " shows " << sPicture;
+        for (std::string const& sLink : AllMatches(sPage, "<a href=\"([^\"]*)\""))
+        {
+            size_t const lAnchor = sLink.find('#');
+            std::string const sTarget = lAnchor == 0 ? sName : sLink.substr(0, lAnchor);
+            ASSERT_TRUE(sPages.contains(sTarget)) << sName << " leads to " << sLink;
+            if (lAnchor == sLink.npos)
+                continue;
+            EXPECT_NE(sPages[sTarget].find("<a name=\"" + sLink.substr(lAnchor + 1) + "\">"), std::string::npos)
+                << sName << " leads to " << sLink;
+        }
+    }
+}
+
+TEST_F(Manual, ShowsEveryPictureThatIsDrawnForIt)
+{
+    for (std::string const& sName : sNames)
+    {
+        bool const bPicture = sName.ends_with(".png");
+        EXPECT_TRUE(!bPicture || sAll.find("<img src=\"" + sName + "\"") != sAll.npos) << sName;
+    }
+}
+
+TEST_F(Manual, NamesEverySampleThatAUserMayOpen)
+{
+    for (fs::directory_entry const& entry : fs::directory_iterator(ZARN_SAMPLES_DIR))
+        EXPECT_NE(sPages["files.html"].find("<code>" + entry.path().filename().string() + "</code>"), std::string::npos)
+            << entry.path().filename();
+}
+} // namespace
+} // namespace zarn
