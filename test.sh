@@ -3,6 +3,7 @@
 #   ./test.sh             the release build and all tests but the long ones
 #   ./test.sh --sanitize  the same tests under the address and undefined sanitizers, then under the thread sanitizer
 #   ./test.sh --fuzz S    each fuzz target for S seconds (needs clang)
+#   ./test.sh --package   the Debian package, installed and removed in a system that has nothing else
 # Warnings are errors in all of them.
 set -e
 top=$(cd "$(dirname "$0")" && pwd)
@@ -21,7 +22,7 @@ check()
 
 case "${1:-}" in
 "")
-    install_missing $packages_run $packages_test
+    install_missing $packages_run $packages_deb $packages_test
     check release
     ;;
 --sanitize)
@@ -40,8 +41,14 @@ case "${1:-}" in
         (cd "$work" && "$target" -max_total_time="${2:-60}" -rss_limit_mb=2048 -timeout=20 . "$top/fuzz/corpus/$name")
     done
     ;;
+--package)
+    install_missing $packages_run $packages_deb $packages_clean
+    cmake -S "$top" --preset release -DZARN_WERROR=ON
+    cmake --build "$top/build/release" -j "$jobs" --target zarn_package
+    "$top/tests/packaging/clean_root.sh" "$top"/build/release/zarn_*.deb
+    ;;
 *)
-    echo "usage: $0 [--sanitize | --fuzz SECONDS]" >&2
+    echo "usage: $0 [--sanitize | --fuzz SECONDS | --package]" >&2
     exit 2
     ;;
 esac
