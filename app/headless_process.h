@@ -1,6 +1,7 @@
 /// The process of a conversion: the host without a window, what it shows told in the terminal, an empty Score.
 #pragma once
 #include "platform/headless/script_host.h"
+#include "platform/headless/virtual_sound.h"
 #include "platform/registry.h"
 
 namespace zarn
@@ -19,6 +20,7 @@ public:
     void BeginConversion(int32_t lWidth, int32_t lHeight);
 
     ScriptHost user;
+    VirtualSound sound{user}; ///< of the editor that is played back; a conversion is given none
 
 private:
     MapStore settings;

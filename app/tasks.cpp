@@ -181,6 +181,7 @@ int32_t Task_Replay(Options const& options, DocumentMaker pMaker)
     process.user.pOnShown = nullptr; // the replay tells in its own words
     ShellDoor door;
     host.pDoor = &door;
+    host.pSound = &process.sound;
     if (!StartUp(options.aFiles.empty() ? std::string() : options.aFiles[0]))
     {
         Terminal_Error("the editor can't be started");

@@ -10,9 +10,9 @@ static void PlayList(benchmark::State& state)
     ReelsProcess process(state);
     for (auto _ : state)
     {
-        List listPlay = nullptr;
-        benchmark::DoNotOptimize(BuildPlayList(&listPlay, lHighestStaff, 0, PlayStyle{}, afPlay));
-        List_Destroy(&listPlay);
+        PlayRecords listPlay;
+        BuildPlayList(listPlay, lHighestStaff, 0, PlayStyle{}, afPlay);
+        benchmark::DoNotOptimize(listPlay.data());
     }
     CountNotes(state);
 }

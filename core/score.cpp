@@ -5,6 +5,7 @@
 #include "core/score.h"
 
 #include "core/messages.h"
+#include "core/score_count.h"
 
 #include <algorithm>
 #include <limits>
@@ -33,6 +34,7 @@ void Score_EmptyStaffs()
     for (List const list : aStaffList)
         List_Clear(list);
     NullCursors();
+    ++cScoresBegun;
 }
 
 void Score_DestroyLists()

@@ -10,6 +10,7 @@
 #include "layout/adjust.h"
 #include "layout/clean_up.h"
 #include "midi/refresh_pitches.h"
+#include "midi/sound_note.h"
 #include "render/geometry.h"
 #include "render/symbols.h"
 #include "tab/fingering.h"
@@ -21,6 +22,9 @@ namespace zarn
 constexpr int32_t fPreservePitch = 64;  ///< in lB of a KEYSIG that is about to be added
 constexpr int32_t lHighestUpStem = 6;   ///< diatonic position on the treble staff
 constexpr int32_t lSemibreveRest = 192; ///< ticks
+constexpr int32_t lAuditionProgram = 1; ///< of a note that sounds as it is added
+constexpr int32_t lAuditionChannel = 1;
+constexpr int32_t lAuditionVolume = 64;
 
 /// The height of a clef sign in the treble frame; nothing for a clef that isn't one.
 static std::optional<int32_t> ClefHeight(int32_t lClef)
@@ -237,6 +241,7 @@ static void Settle(HWND hwnd, Element* pel)
         break;
     case NOTE:
         pel->lPitch = MidiFromPitch(pel->lDiaPitch, KeyAt(pel), AccidStateAt(pel, pel->lDiaPitch), TransposeAt(pel));
+        SoundNote(pel->lPitch, lAuditionProgram, lAuditionChannel, lAuditionVolume);
         BreakTieAround(pel);
         break;
     case SHARP:

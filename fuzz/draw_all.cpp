@@ -4,6 +4,7 @@
 #include "layout/place.h"
 #include "layout/right_justify.h"
 #include "midi/play_list.h"
+#include "midi/play_times.h"
 #include "midi/refresh_pitches.h"
 #include "midi/repeats.h"
 #include "platform/headless/headless_window.h"
@@ -65,9 +66,9 @@ void DrawAll()
     ReGrid();
     RefreshPitches(lHighestStaff);
     Score_BalanceRepeats(true);
-    List listPlay = nullptr;
-    BuildPlayList(&listPlay, lHighestStaff, 0, PlayStyle{}, afPlay);
-    List_Destroy(&listPlay);
+    PlayRecords listPlay;
+    BuildPlayList(listPlay, lHighestStaff, 0, PlayStyle{}, afPlay);
+    SetPlayTimes(listPlay);
     Score_StripAddedRepeats();
 }
 } // namespace zarn

@@ -168,7 +168,9 @@ bool SaveMidiFile(HFILE hFile, bool fBarnDance, int32_t lSwing, bool fDetach)
             continue;
         int32_t afOne[lStaffLists] = {};
         afOne[lStaff] = 1;
-        if (!WriteStaffTrack(hFile, PlayRecords_Build(lHighestStaff, 0, style, afOne)))
+        PlayRecords records;
+        BuildPlayList(records, lHighestStaff, 0, style, afOne);
+        if (!WriteStaffTrack(hFile, records))
             return false;
     }
     return true;

@@ -14,7 +14,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <iterator>
 
 namespace zarn
 {
@@ -276,6 +275,7 @@ private:
         record.lVolume = std::clamp(pel->lB, 0, lHighestMidiValue);
         record.lNote = pel->lPitch;
         record.lChannel = Channel(pel);
+        record.lColumn = pel->lStrX;
         if (pel->lA & fOrnament)
             AddOrnament(*pRecords, record, lOrnamentStyle, Clamp32(lLength - (lOnset - lTimeNote)),
                         Midi(section, Wrap_Add(pel->lDiaPitch, 1)), Midi(section, Wrap_Sub(pel->lDiaPitch, 1)));
@@ -302,6 +302,7 @@ private:
         PlayRecord record;
         record.lTime = Clamp32(lTime);
         record.lChannel = Channel(pel);
+        record.lColumn = pel->lStrX;
         return record;
     }
 
@@ -365,46 +366,27 @@ int32_t MidiAtPosition(int32_t lDiaPitch, int32_t lTranspose, int32_t lKey, Acci
     return MidiFromPitch(lDiaPitch, lKey, lAcc, lTranspose);
 }
 
-PlayRecords PlayRecords_Build(int32_t lLastStaff, int32_t lStart, PlayStyle const& style, int32_t const* afPlayed)
+void BuildPlayList(PlayRecords& listPlay, int32_t lLastStaff, int32_t lStart, PlayStyle const& style,
+                   int32_t const* afPlayed)
 {
-    PlayRecords records;
+    auto const cHeld = static_cast<std::ptrdiff_t>(listPlay.size());
     int32_t lProgram = lProgramAtStart;
-    (void)LoadSetting(&lProgram, "Default Instrument");
+    (void)LoadSetting(&lProgram, sDefaultInstrument);
     lProgram = std::clamp(lProgram, 0, lHighestMidiValue);
     auto const bPlayed = [&](int32_t lStaff) { return afPlayed[lStaff] && StaffFirst(lStaff); };
     lLastStaff = std::min(lLastStaff, lHighestStaff);
     for (int32_t lStaff = 0; lStaff <= lLastStaff; ++lStaff)
         if (bPlayed(lStaff))
-            AddPreamble(records, lStaff, lProgram);
-    Builder builder(style, &records, cMostSteps);
+            AddPreamble(listPlay, lStaff, lProgram);
+    Builder builder(style, &listPlay, cMostSteps);
     for (int32_t lStaff = 0; lStaff <= lLastStaff && !builder.IsTooLong(); ++lStaff)
         if (bPlayed(lStaff))
             builder.Staff(lStaff, lStart);
 
-    std::stable_sort(records.begin(), records.end(), EarlierTime);
+    std::stable_sort(listPlay.begin() + cHeld, listPlay.end(), EarlierTime);
+    std::inplace_merge(listPlay.begin(), listPlay.begin() + cHeld, listPlay.end(), EarlierTime);
     if (builder.IsTooLong())
         Serious("The repeats in this score make it too long: what lies beyond 2,000,000 events is left out.");
-    return records;
-}
-
-int32_t BuildPlayList(List* plistPlay, int32_t lLastStaff, int32_t lStart, PlayStyle const& style,
-                      int32_t const* afPlayed)
-{
-    if (!*plistPlay)
-        *plistPlay = List_Create();
-    if (!*plistPlay)
-        return 0;
-    PlayRecords records;
-    for (auto* p = List_FirstAs<PlayRecord>(*plistPlay); p; p = List_NextAs(p))
-        records.push_back(*p);
-    List_Clear(*plistPlay);
-    PlayRecords const built = PlayRecords_Build(lLastStaff, lStart, style, afPlayed);
-    records.insert(records.end(), built.begin(), built.end());
-    std::inplace_merge(records.begin(), records.end() - static_cast<std::ptrdiff_t>(built.size()), records.end(),
-                       EarlierTime);
-    for (PlayRecord const& record : records)
-        List_AddLast(*plistPlay, &record, sizeof record);
-    return List_IsHealthy(*plistPlay);
 }
 
 /// The same walk over one staff with no records, whatever its repeats are.

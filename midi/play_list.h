@@ -20,6 +20,8 @@ inline int32_t lOrnamentStyle = ORNAMENT_DIATONIC; ///< option
 inline bool fBarnDance = false;                    ///< option: notes off the pulse sound half their length
 inline int32_t lSwing = 0;                         ///< option: 48 plays dotted crotchets, 24 dotted quavers, 0 neither
 
+constexpr char const* sDefaultInstrument = "Default Instrument"; ///< setting: the program that every staff begins with
+
 /// Repeats inside repeats multiply; a list stops here.
 constexpr int32_t cMostPlayRecords = 2'000'000;
 
@@ -53,13 +55,9 @@ private:
 [[nodiscard]] int32_t MidiAtPosition(int32_t lDiaPitch, int32_t lTranspose, int32_t lKey, AccidentalSet const& aSharps,
                                      AccidentalSet const& aNaturals, AccidentalSet const& aFlats);
 
-/// Sorted by time, what the staffs 0 to lLastStaff sound whose flag in afPlayed (nine flags) is on, from lStart ticks
-/// on. Every NOTE's lPitch is brought up to date on the way. What would be longer than cMostPlayRecords ends there, and
-/// the user is told.
-[[nodiscard]] PlayRecords PlayRecords_Build(int32_t lLastStaff, int32_t lStart, PlayStyle const& style,
-                                            int32_t const* afPlayed);
-
-/// The same, added to what listPlay holds, which is made when it is null. 1, or 0 when memory ran out.
-int32_t BuildPlayList(List* plistPlay, int32_t lLastStaff, int32_t lStart, PlayStyle const& style,
-                      int32_t const* afPlayed);
+/// Adds to listPlay what the staffs 0 to lLastStaff sound whose flag in afPlayed (nine flags) is on, from lStart ticks
+/// on; all of it is sorted by time, equal times in order of arrival. Every NOTE's lPitch is brought up to date on the
+/// way. A list that would be longer than cMostPlayRecords ends there, and the user is told.
+void BuildPlayList(PlayRecords& listPlay, int32_t lLastStaff, int32_t lStart, PlayStyle const& style,
+                   int32_t const* afPlayed);
 } // namespace zarn

@@ -6,18 +6,21 @@
 namespace zarn
 {
 constexpr int32_t lNotSent = -999; ///< lLate of a record that has not gone out yet
+constexpr int32_t lNoPlace = -1;
 
 /// A program change when lProgram is not -1, else a tempo change when lTempo is not -1, else a note event when lNote is
 /// not -1, else a bare time marker.
 struct PlayRecord
 {
-    int32_t lTime = 0;        ///< ticks while the list is built; -1 for the preamble
-    int32_t lLate = lNotSent; ///< milliseconds; written by the player, read by nothing
+    int32_t lTime = 0;        ///< ticks while the list is built, -1 for the preamble; see SetPlayTimes for later
+    int32_t lLate = lNotSent; ///< milliseconds; written by the player
     int32_t lVolume = 0;      ///< velocity 0..127; 0 is a note-off; -1 on tempo records
     int32_t lNote = -1;       ///< MIDI note
     int32_t lChannel = 0;     ///< MIDI channel as sent, 0..8
     int32_t lTempo = -1;      ///< milliseconds a crotchet
     int32_t lProgram = -1;    ///< MIDI program
+    /// lStrX of the symbol that it comes from, lNoPlace for the preamble; for the marker of the place being played.
+    int32_t lColumn = lNoPlace;
     friend bool operator==(PlayRecord const&, PlayRecord const&) = default;
 };
 

@@ -5,10 +5,32 @@
 #include "platform/process.h"
 #include "platform/user.h"
 
+#include <chrono>
 #include <utility>
 
 namespace zarn
 {
+void WakeEvent::Set()
+{
+    std::scoped_lock const hold(lock);
+    bSet = true;
+    changed.notify_all(); // under the lock: who waits may destroy the event as soon as it wakes
+}
+
+void WakeEvent::Reset() { bSet = false; }
+
+void WakeEvent::Wait()
+{
+    std::unique_lock hold(lock);
+    changed.wait(hold, [this] { return bSet.load(); });
+}
+
+bool WakeEvent::WaitFor(uint32_t cMilliseconds)
+{
+    std::unique_lock hold(lock);
+    return changed.wait_for(hold, std::chrono::milliseconds(cMilliseconds), [this] { return bSet.load(); });
+}
+
 uint32_t timeGetTime() { return host.pSound ? host.pSound->Time() : GetTickCount(); }
 
 void timeBeginPeriod(uint32_t)
@@ -27,6 +49,11 @@ void Sleep(uint32_t cMilliseconds)
 {
     if (host.pSound)
         host.pSound->Sleep(cMilliseconds);
+}
+
+bool WaitForSingleObject(WakeEvent& event, uint32_t cMilliseconds)
+{
+    return host.pSound ? host.pSound->SleepUntil(cMilliseconds, event) : event.WaitFor(cMilliseconds);
 }
 
 bool CreateThread(std::function<void()> work) { return host.pSound && host.pSound->StartThread(std::move(work)); }

@@ -3,8 +3,11 @@
 /// A result of 0 is success; any other is an error code whose words the error text operations give. Without a host for
 /// sound there are no devices, the clock is that of the program, and threads and timers can't be made.
 #pragma once
+#include <atomic>
+#include <condition_variable>
 #include <cstdint>
 #include <functional>
+#include <mutex>
 #include <string>
 
 namespace zarn
@@ -48,6 +51,24 @@ public:
     virtual void Hear(uint8_t nStatus, uint8_t nData1, uint8_t nData2) = 0;
 };
 
+/// A flag that a thread can wait for. Any thread.
+class WakeEvent
+{
+public:
+    explicit WakeEvent(bool bSet = false) : bSet(bSet) {}
+    void Set();
+    void Reset();
+    [[nodiscard]] bool IsSet() const { return bSet; }
+    void Wait(); ///< for as long as it takes
+    /// True when it is set, now or within that time of the machine's clock.
+    [[nodiscard]] bool WaitFor(uint32_t cMilliseconds);
+
+private:
+    std::mutex lock;
+    std::condition_variable changed;
+    std::atomic<bool> bSet;
+};
+
 using TimerCallback = std::function<void()>;
 
 /// Who stands behind the operations below. All but the device lists, opening and closing may be called on any thread.
@@ -57,6 +78,8 @@ public:
     virtual ~SoundHost() = default;
     virtual uint32_t Time() = 0; ///< milliseconds since some start; wraps
     virtual void Sleep(uint32_t cMilliseconds) = 0;
+    /// Sleeps, no longer than until the event is set; true when it is.
+    virtual bool SleepUntil(uint32_t cMilliseconds, WakeEvent& event) { return event.WaitFor(cMilliseconds); }
     virtual void BeginPeriod() = 0;
     virtual void EndPeriod() = 0;
     /// Runs work on a thread of its own at the highest priority that the user may have. False when it can't be made.
@@ -82,6 +105,8 @@ public:
 void timeBeginPeriod(uint32_t cMilliseconds);
 void timeEndPeriod(uint32_t cMilliseconds);
 void Sleep(uint32_t cMilliseconds);
+/// Sleeps until the event is set, that time at the longest; true when it is set.
+bool WaitForSingleObject(WakeEvent& event, uint32_t cMilliseconds);
 /// At the highest priority; false when there is none to be had.
 [[nodiscard]] bool CreateThread(std::function<void()> work);
 [[nodiscard]] uint32_t timeSetEvent(uint32_t cMilliseconds, TimerCallback callback);

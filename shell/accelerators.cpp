@@ -66,6 +66,7 @@ constexpr Accelerator aAccelerators[] = {
     {"d", false, false, COMMAND_DOWNBOW},
     {"t", false, false, COMMAND_TIE},
     {"a", false, false, COMMAND_FULLADJUST},
+    {"p", false, false, COMMAND_PLAY},
     {"f", false, false, COMMAND_OPTIMISEDTABLATURE},
     {"s", false, false, COMMAND_SHOWTABLATURE},
     {"o", false, false, COMMAND_OPTIMISETABLATURE},

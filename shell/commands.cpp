@@ -4,6 +4,7 @@
 #include "core/messages.h"
 #include "core/score.h"
 #include "edit/current_symbol.h"
+#include "midi/midi_setup.h"
 #include "shell/command_list.h"
 #include "shell/edit_commands.h"
 #include "shell/exit.h"
@@ -13,6 +14,9 @@
 #include "shell/options.h"
 #include "shell/page_commands.h"
 #include "shell/panels_shown.h"
+#include "shell/play_commands.h"
+#include "shell/play_marker.h"
+#include "shell/play_options.h"
 #include "shell/staffs_shown.h"
 #include "shell/symbol_commands.h"
 #include "shell/tab_commands.h"
@@ -36,6 +40,7 @@ constexpr CommandRange aRanges[] = {
     {COMMAND_TRANSPOSEMARK - 60, COMMAND_TRANSPOSEMARK + 60, COMMAND_TRANSPOSEMARK, TransposeMarkCommand},
     {COMMAND_TRANSPOSEALL - 60, COMMAND_TRANSPOSEALL + 60, COMMAND_TRANSPOSEALL, TransposeAllCommand},
     {COMMAND_TEMPO, COMMAND_TEMPO + 315, COMMAND_TEMPO, [](int32_t l) { SymbolCommand(TEMPO, l); }},
+    {COMMAND_PLAYSTAFF + 1, COMMAND_PLAYSTAFF + lHighestStaff, COMMAND_PLAYSTAFF, TogglePlayStaff},
     {COMMAND_SHOWSTAFF + 1, COMMAND_SHOWSTAFF + lHighestStaff, COMMAND_SHOWSTAFF, ShowOrHideStaff},
     {COMMAND_BARWEIGHT, COMMAND_BARWEIGHT + 63, COMMAND_BARWEIGHT, BarWeightCommand},
     {COMMAND_KEYKEEPINGTEXT - 6, COMMAND_KEYKEEPINGTEXT + 6, COMMAND_KEYKEEPINGTEXT, KeyKeepingTextCommand},
@@ -134,6 +139,17 @@ constexpr CommandRow aCommands[] = {
     {COMMAND_PALETTECLOSED, PaletteClosed},
     {COMMAND_CLARINET, ToggleClarinet},
     {COMMAND_GUITAR, ToggleGuitar},
+    {COMMAND_DOUBLESPEED, ToggleDoubleSpeed},
+    {COMMAND_ENDLESSREPEAT, ToggleEndlessRepeat},
+    {COMMAND_BARNDANCE, ToggleBarnDance},
+    {COMMAND_DOTTEDCROTCHET, ToggleDottedCrotchet},
+    {COMMAND_DOTTEDQUAVER, ToggleDottedQuaver},
+    {COMMAND_SEMITONEROLLS, [] { ToggleOrnaments(ORNAMENT_SEMITONE); }},
+    {COMMAND_BOWEDTRIPLETS, [] { ToggleOrnaments(ORNAMENT_BOWED); }},
+    {COMMAND_DIATONICROLLS, [] { ToggleOrnaments(ORNAMENT_DIATONIC); }},
+    {COMMAND_SHOWPLAYED, ToggleShowPlayed},
+    {COMMAND_PLAYCHORDS, TogglePlayChords},
+    {COMMAND_DEFAULTINSTRUMENT, AskDefaultInstrument},
     {COMMAND_EDITMODE, ToggleEditMode},
     {COMMAND_SHOWINVISIBLE, ToggleShowInvisible},
     {COMMAND_BEAMQUAVERS, ToggleBeamQuavers},
@@ -168,6 +184,15 @@ constexpr CommandRow aCommands[] = {
     {COMMAND_STRETCHVERT, StretchVertCommand},
     {COMMAND_SQUEEZEVERT, SqueezeVertCommand},
     {COMMAND_RESETSPACING, ResetSpacingCommand},
+    {COMMAND_PLAY, PlayCommand},
+    {COMMAND_UNDOMIDI, UndoMidi},
+    {COMMAND_INITMIDI, InitMidi},
+    {COMMAND_MIDITRACE, ToggleMidiTrace},
+    {COMMAND_NEXTPROGRAM, [] { SoundNextProgram(1); }},
+    {COMMAND_PREVIOUSPROGRAM, [] { SoundNextProgram(-1); }},
+    {COMMAND_SOUNDPROGRAM, [] { SoundNextProgram(0); }},
+    {COMMAND_NEXTCHANNEL, [] { SoundNextChannel(1); }},
+    {COMMAND_PREVIOUSCHANNEL, [] { SoundNextChannel(-1); }},
     {COMMAND_DUMP, DumpCommand},
     {COMMAND_DEBUGLOGOFF, DebugLogOff},
     {COMMAND_DEBUGLOGON, DebugLogOn},

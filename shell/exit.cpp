@@ -3,6 +3,7 @@
 
 #include "core/messages.h"
 #include "core/score.h"
+#include "midi/midi_setup.h"
 #include "shell/command_numbers.h"
 #include "shell/file_names.h"
 #include "shell/files.h"
@@ -29,6 +30,7 @@ void ExitCommand()
     hwndMain = nullptr;
     Panels_Forget();
     Score_DestroyLists();
+    ShutDownMidi();
     PostQuitMessage(0);
 }
 } // namespace zarn

@@ -13,6 +13,7 @@
 #include "shell/modes.h"
 #include "shell/page_commands.h"
 #include "shell/panels_shown.h"
+#include "shell/play_marker.h"
 #include "shell/watched_fingering.h"
 
 #include <algorithm>
@@ -34,6 +35,7 @@ void ScorePainter::Paint(HWND hwnd, HDC hdc)
     }
     SIZE const size = hwnd->ClientSize();
     FillRect(hdc, {0, 0, size.cx, size.cy}, GetStockObject(WHITE_BRUSH));
+    PlayMarker_Paint(hdc);
     SelectObject(hdc, GetStockObject(BLACK_BRUSH));
     Font_Select(hdc);
     DrawVisible(hdc, hwnd);

@@ -37,17 +37,20 @@ static std::vector<MenuItem> EditMenu()
             {COMMAND_INSERTPOINT, "&Insert point for piano\tv"}};
 }
 
-static std::vector<MenuItem> ShowStaffMenu()
+/// One entry for each staff; the first command's number is one above lCommand.
+static std::vector<MenuItem> StaffMenu(int32_t lCommand)
 {
-    return {{COMMAND_SHOWSTAFF + 1, "Staff &1"}, {COMMAND_SHOWSTAFF + 2, "Staff &2"},
-            {COMMAND_SHOWSTAFF + 3, "Staff &3"}, {COMMAND_SHOWSTAFF + 4, "Staff &4"},
-            {COMMAND_SHOWSTAFF + 5, "Staff &5"}, {COMMAND_SHOWSTAFF + 6, "Staff &6"},
-            {COMMAND_SHOWSTAFF + 7, "Staff &7"}, {COMMAND_SHOWSTAFF + 8, "Staff &8"}};
+    return {{lCommand + 1, "Staff &1"}, {lCommand + 2, "Staff &2"}, {lCommand + 3, "Staff &3"},
+            {lCommand + 4, "Staff &4"}, {lCommand + 5, "Staff &5"}, {lCommand + 6, "Staff &6"},
+            {lCommand + 7, "Staff &7"}, {lCommand + 8, "Staff &8"}};
 }
 
 static std::vector<MenuItem> SettingsMenu()
 {
-    return {{COMMAND_USECRLF, "Use CRLF, not just LF for linefeeds in ABC output"},
+    return {{COMMAND_DEFAULTINSTRUMENT, "Default Instrument Number..."},
+            {COMMAND_PLAYCHORDS, "Play guitar chords"},
+            {},
+            {COMMAND_USECRLF, "Use CRLF, not just LF for linefeeds in ABC output"},
             {COMMAND_CHORDSBELOW, "Put chord symbols below staff"},
             {COMMAND_STORESPACING, "Set current horiz/vert stretch/squeeze as default spacing"},
             {COMMAND_FONTSCALE, "Font size scaling factor (100%)..."},
@@ -79,8 +82,18 @@ static std::vector<MenuItem> OptionsMenu()
             {},
             {COMMAND_CLARINET, "&Clarinet transpose"},
             {COMMAND_GUITAR, "&Guitar transpose"},
+            {COMMAND_DOUBLESPEED, "&Double Speed"},
+            {COMMAND_ENDLESSREPEAT, "Endless Repeat Play"},
+            {COMMAND_BARNDANCE, "Barn Dance Mode"},
+            {COMMAND_DOTTEDCROTCHET, "Play dotted crotchet (1/4)"},
+            {COMMAND_DOTTEDQUAVER, "Play dotted quaver (1/8)"},
+            {COMMAND_SEMITONEROLLS, "Play Ornaments as semitone rolls"},
+            {COMMAND_BOWEDTRIPLETS, "Play Ornaments as bowed triplet"},
+            {COMMAND_DIATONICROLLS, "Play Ornaments as diatonic rolls"},
+            {COMMAND_SHOWPLAYED, "Show place being played"},
+            {0, "Play staff", false, StaffMenu(COMMAND_PLAYSTAFF)},
             {},
-            {0, "Show staff", false, ShowStaffMenu()},
+            {0, "Show staff", false, StaffMenu(COMMAND_SHOWSTAFF)},
             {0, "S&ettings", false, SettingsMenu()}};
 }
 
@@ -88,6 +101,10 @@ static std::vector<MenuItem> ActionMenu()
 {
     return {{COMMAND_KEYBOARDMODE, "&Keyboard mode\tEsc"},
             {COMMAND_MOUSEMODE, "Mouse mode\tEsc", true},
+            {},
+            {COMMAND_PLAY, "&Play (hold down CTRL to stop play)\tp"},
+            {COMMAND_INITMIDI, "&InitMidi"},
+            {COMMAND_UNDOMIDI, "&UndoMidi"},
             {},
             {COMMAND_FULLADJUST, "&Full Adjust\ta"},
             {COMMAND_MINIADJUST, "Mini Adjust"},

@@ -12,6 +12,7 @@
 #include "render/geometry.h"
 #include "shell/command_numbers.h"
 #include "shell/menu.h"
+#include "shell/play_options.h"
 
 namespace zarn
 {
@@ -104,6 +105,7 @@ void Options_ShowChecks()
     Menu_Check(COMMAND_CHORDSBELOW, bChordsBelowStaff);
     for (int32_t lStaff = 1; lStaff <= lHighestStaff; ++lStaff)
         Menu_Check(COMMAND_SHOWSTAFF + lStaff, IsVisible(lStaff));
+    PlayOptions_ShowChecks();
 }
 
 bool RefuseInRightJustified()

@@ -7,6 +7,7 @@
 #include "core/settings.h"
 #include "core/text.h"
 #include "edit/new_score.h"
+#include "midi/midi_setup.h"
 #include "panels/dialogs.h"
 #include "platform/registry.h"
 #include "render/font.h"
@@ -21,6 +22,7 @@
 #include "shell/options.h"
 #include "shell/page_commands.h"
 #include "shell/panels_shown.h"
+#include "shell/play_marker.h"
 #include "shell/tab_commands.h"
 
 namespace zarn
@@ -111,6 +113,7 @@ bool StartUp(std::string_view szCommandLine)
 {
     Score_StartUp();
     LoadSetting(&bUseCrlf, szCrlfSetting);
+    PlayMarker_LoadSetting();
     if (!MakeMainWindow())
         return false;
     if (!szCommandLine.empty())
@@ -129,6 +132,7 @@ void ShutDown()
 {
     if (aStaffList[0]) // leaving through the window has freed them already
         Score_DestroyLists();
+    ShutDownMidi();
     hwndMain = nullptr;
     Panels_Forget();
     Font_Renew();

@@ -88,26 +88,30 @@ bool ScriptHost::ShowProgress(std::string_view, int32_t lDone, int32_t lTotal)
 
 void ScriptHost::SetTimer(int32_t lTimer, uint32_t cMilliseconds, std::function<void()> action)
 {
-    uint32_t const cPeriodMs = std::max(cMilliseconds, uint32_t{1});
+    uint32_t const cPeriodMs = std::clamp(cMilliseconds, uint32_t{1}, uint32_t{INT32_MAX});
     timers[lTimer] = {cPeriodMs, lNowMs + cPeriodMs, std::move(action)};
 }
 
 void ScriptHost::Advance(uint32_t cMilliseconds)
 {
-    uint64_t const lEnd = uint64_t{lNowMs} + cMilliseconds;
+    // The clock wraps: times are compared by how far they lie ahead.
+    uint32_t const lFromMs = lNowMs;
+    auto const msAhead = [this](auto const& timer) { return static_cast<int32_t>(timer.second.lDueMs - lNowMs); };
     for (;;)
     {
-        auto const next =
-            std::min_element(timers.begin(), timers.end(),
-                             [](auto const& a, auto const& b) { return a.second.lDueMs < b.second.lDueMs; });
-        if (next == timers.end() || next->second.lDueMs > lEnd)
-            break;
-        lNowMs = std::max(lNowMs, next->second.lDueMs);
+        int64_t const cLeftMs = int64_t{cMilliseconds} - (lNowMs - lFromMs); // less than 0 when a timer has slept
+        auto const next = std::min_element(timers.begin(), timers.end(),
+                                           [&](auto const& a, auto const& b) { return msAhead(a) < msAhead(b); });
+        if (next == timers.end() || msAhead(*next) > cLeftMs)
+        {
+            lNowMs += static_cast<uint32_t>(std::max<int64_t>(cLeftMs, 0));
+            return;
+        }
+        lNowMs += static_cast<uint32_t>(std::max(msAhead(*next), 0));
         next->second.lDueMs += next->second.cPeriodMs;
         auto const action = next->second.action; // the timer may end itself
         action();
     }
-    lNowMs = std::max(lNowMs, static_cast<uint32_t>(lEnd)); // a timer may have slept
 }
 
 void ScriptHost::PostTask(std::function<void()> action)

@@ -66,6 +66,13 @@ uint32_t NameOf(std::vector<std::string> const& aNames, int32_t lDevice, std::st
 }
 } // namespace
 
+bool VirtualSound::SleepUntil(uint32_t cMilliseconds, WakeEvent& event)
+{
+    if (!event.IsSet())
+        Sleep(cMilliseconds);
+    return event.IsSet();
+}
+
 uint32_t VirtualSound::SetTimer(uint32_t cMilliseconds, TimerCallback callback)
 {
     uint32_t const nTimer = ++nLastTimer;

@@ -28,6 +28,7 @@ public:
 
     uint32_t Time() override { return user.lNowMs; }
     void Sleep(uint32_t cMilliseconds) override { user.Advance(cMilliseconds); }
+    bool SleepUntil(uint32_t cMilliseconds, WakeEvent& event) override;
     void BeginPeriod() override { ++cPeriods; }
     void EndPeriod() override { --cPeriods; }
     /// Threads can't be made, so that a play runs where it is asked for, on the virtual clock.

@@ -29,38 +29,32 @@ protected:
         lOrnamentStyle = ORNAMENT_DIATONIC;
         lLastChordRoot = lLastChordKind = -1;
     }
-    void TearDown() override
-    {
-        if (listPlay)
-            List_Destroy(&listPlay);
-        fClarinetTranspose = fGuitarTranspose = false;
-    }
+    void TearDown() override { fClarinetTranspose = fGuitarTranspose = false; }
 
     void Build(PlayStyle const& style = {}, int32_t lStart = 0)
     {
         Score_SetTimes();
-        if (listPlay)
-            List_Clear(listPlay);
-        BuildPlayList(&listPlay, 8, lStart, style, afPlay);
+        listPlay.clear();
+        BuildPlayList(listPlay, 8, lStart, style, afPlay);
     }
 
     /// The note events: "0:60" on, "47:-60" off; others "0:T500", "0:P5", "96:rest". The preamble is left out.
     std::string Events()
     {
         std::string s;
-        for (auto const* p = List_FirstAs<PlayRecord>(listPlay); p; p = List_NextAs(p))
+        for (PlayRecord const& record : listPlay)
         {
-            if (p->lTime < 0)
+            if (record.lTime < 0)
                 continue;
             s += s.empty() ? "" : " ";
-            if (p->lProgram != -1)
-                s += Format("%d:P%d", p->lTime, p->lProgram);
-            else if (p->lTempo != -1)
-                s += Format("%d:T%d", p->lTime, p->lTempo);
-            else if (p->lNote != -1)
-                s += Format(p->lVolume ? "%d:%d" : "%d:-%d", p->lTime, p->lNote);
+            if (record.lProgram != -1)
+                s += Format("%d:P%d", record.lTime, record.lProgram);
+            else if (record.lTempo != -1)
+                s += Format("%d:T%d", record.lTime, record.lTempo);
+            else if (record.lNote != -1)
+                s += Format(record.lVolume ? "%d:%d" : "%d:-%d", record.lTime, record.lNote);
             else
-                s += Format("%d:rest", p->lTime);
+                s += Format("%d:rest", record.lTime);
         }
         return s;
     }
@@ -85,23 +79,22 @@ protected:
     }
 
     ScriptedProcess process;
-    List listPlay = nullptr;
+    PlayRecords listPlay;
 };
 } // namespace
 
 TEST_F(PlayListTest, AnEmptyStaffAddsNothingNotEvenItsPreamble)
 {
     Build();
-    EXPECT_EQ(List_Card(listPlay), 0);
+    EXPECT_TRUE(listPlay.empty());
 }
 
 TEST_F(PlayListTest, ThePreambleIsAProgramAndATempoAheadOfTime)
 {
     process.settings.values["Default Instrument"] = 25;
     Played("n0/48");
-    auto const* p = List_FirstAs<PlayRecord>(listPlay);
-    EXPECT_EQ(*p, (PlayRecord{-1, lNotSent, -1, -1, 1, -1, 25}));
-    EXPECT_EQ(*List_NextAs(p), (PlayRecord{-1, lNotSent, -1, -1, 1, 500, -1}));
+    EXPECT_EQ(listPlay.at(0), (PlayRecord{-1, lNotSent, -1, -1, 1, -1, 25, lNoPlace}));
+    EXPECT_EQ(listPlay.at(1), (PlayRecord{-1, lNotSent, -1, -1, 1, 500, -1, lNoPlace}));
 }
 
 TEST_F(PlayListTest, NotesEndOneTickShort) { EXPECT_EQ(Played("n0/48 n1/24"), "0:60 47:-60 48:62 71:-62"); }
@@ -233,34 +226,40 @@ TEST_F(PlayListTest, OrderIsThatOfInsertingBehindTheLastThatIsNotLater)
             Write(lStaff, Format("n%d/%d", static_cast<int>(random() % 15), static_cast<int>(random() % 4 * 12)));
     Build();
     // The plain rule, on the records of each staff in turn.
-    List listAll = std::exchange(listPlay, nullptr);
-    std::vector<PlayRecord> plain;
+    PlayRecords plain;
     for (int32_t lStaff = 1; lStaff <= 8; ++lStaff)
     {
         int32_t afOne[9] = {};
         afOne[lStaff] = 1;
-        BuildPlayList(&listPlay, 8, 0, {}, afOne);
-        for (auto const* p = List_FirstAs<PlayRecord>(listPlay); p; p = List_NextAs(p))
+        PlayRecords listOne;
+        BuildPlayList(listOne, 8, 0, {}, afOne);
+        for (PlayRecord const& record : listOne)
         {
             auto at = plain.end();
-            while (at != plain.begin() && std::prev(at)->lTime > p->lTime)
+            while (at != plain.begin() && std::prev(at)->lTime > record.lTime)
                 --at;
-            plain.insert(at, *p);
+            plain.insert(at, record);
         }
-        List_Clear(listPlay);
     }
-    size_t n = 0;
-    for (auto const* p = List_FirstAs<PlayRecord>(listAll); p; p = List_NextAs(p), ++n)
-        ASSERT_EQ(*p, plain[n]) << n;
-    EXPECT_EQ(n, plain.size());
-    List_Destroy(&listAll);
+    EXPECT_TRUE(listPlay == plain);
+}
+
+TEST_F(PlayListTest, AStaffIsAddedInOrderToWhatTheListHolds)
+{
+    Write(1, "n0/48 n1/48");
+    Build();
+    Score_EmptyStaffs();
+    Write(1, "r24 n2/48");
+    Score_SetTimes();
+    BuildPlayList(listPlay, 8, 0, {}, afPlay);
+    EXPECT_EQ(Events(), "0:60 24:64 47:-60 48:62 71:-64 95:-62");
 }
 
 TEST_F(PlayListTest, AListOfTheLongestLengthIsKeptAndTheUserToldOnce)
 {
     Played(Nested(21, "n0/48 n1/48"));
-    EXPECT_GE(List_Card(listPlay), cMostPlayRecords);
-    EXPECT_LE(List_Card(listPlay), cMostPlayRecords + 10);
+    EXPECT_GE(listPlay.size(), size_t{cMostPlayRecords});
+    EXPECT_LE(listPlay.size(), size_t{cMostPlayRecords} + 10);
     EXPECT_EQ(process.user.Messages(),
               std::vector<std::string>{
                   "The repeats in this score make it too long: what lies beyond 2,000,000 events is left out."});
@@ -269,7 +268,7 @@ TEST_F(PlayListTest, AListOfTheLongestLengthIsKeptAndTheUserToldOnce)
 TEST_F(PlayListTest, RepeatsTooDeepForAnyListEndAtOnce)
 {
     Write(1, Nested(10'000, "n0/48"));
-    EXPECT_EQ(BuildPlayList(&listPlay, 8, 0, {}, afPlay), 1);
+    BuildPlayList(listPlay, 8, 0, {}, afPlay);
     EXPECT_EQ(process.user.shown.size(), 1u);
     Serious_Rearm();
     RefreshPitches(8);
@@ -284,18 +283,18 @@ TEST_F(PlayListTest, AnyFieldsAtAllGiveAListInOrder)
         Score_EmptyStaffs();
         for (int32_t lStaff = 1; lStaff <= 8; ++lStaff)
             WriteHostileStaff(random, lStaff, 100);
-        if (listPlay)
-            List_Clear(listPlay);
-        BuildPlayList(&listPlay, 8, static_cast<int32_t>(random()),
+        listPlay.clear();
+        BuildPlayList(listPlay, 8, static_cast<int32_t>(random()),
                       {static_cast<int32_t>(random()), static_cast<int32_t>(random()), 48, true, true}, afPlay);
         RefreshPitches(8);
         int32_t lTime = -1;
-        for (auto const* p = List_FirstAs<PlayRecord>(listPlay); p; p = List_NextAs(p))
+        for (PlayRecord const& record : listPlay)
         {
-            ASSERT_LE(lTime, p->lTime);
-            lTime = p->lTime;
-            ASSERT_TRUE(p->lNote >= -1 && p->lNote <= 127 && p->lVolume >= -1 && p->lVolume <= 127);
-            ASSERT_TRUE(p->lChannel >= 0 && p->lChannel <= 8 && p->lProgram >= -1 && p->lProgram <= 127);
+            ASSERT_LE(lTime, record.lTime);
+            lTime = record.lTime;
+            ASSERT_TRUE(record.lNote >= -1 && record.lNote <= 127 && record.lVolume >= -1 && record.lVolume <= 127);
+            ASSERT_TRUE(record.lChannel >= 0 && record.lChannel <= 8);
+            ASSERT_TRUE(record.lProgram >= -1 && record.lProgram <= 127);
         }
     }
 }
@@ -382,10 +381,8 @@ TEST_F(PlayListTest, GuitarChordsGoOutOnChannelOneAtTheirOwnVolume)
 {
     Write(3, "chord\"C\" n0/48");
     Build();
-    auto const* p = List_FirstAs<PlayRecord>(listPlay);
-    while (p->lTime < 0)
-        p = List_NextAs(p);
-    EXPECT_EQ(*p, (PlayRecord{0, lNotSent, 48, 48, 1, -1, -1}));
+    int32_t const lColumn = StaffFirst(3)->lStrX;
+    EXPECT_EQ(listPlay.at(2), (PlayRecord{0, lNotSent, 48, 48, 1, -1, -1, lColumn}));
 }
 
 TEST_F(PlayListTest, AnOrnamentStrikesATiedNoteAgain)

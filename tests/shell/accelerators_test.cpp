@@ -18,6 +18,8 @@ TEST(Accelerators, EachKeyStandsForItsCommand)
                        {"o", false, true, false, COMMAND_OPEN},
                        {"s", false, true, false, COMMAND_SAVE},
                        {"a", false, false, false, COMMAND_FULLADJUST},
+                       {"p", false, false, false, COMMAND_PLAY},
+                       {"P", true, false, false, COMMAND_PLAY},
                        {"f", false, false, false, COMMAND_OPTIMISEDTABLATURE},
                        {"s", false, false, false, COMMAND_SHOWTABLATURE},
                        {"S", true, false, false, COMMAND_SHOWTABLATURE},

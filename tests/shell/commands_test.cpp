@@ -7,6 +7,7 @@
 #include "shell/menu.h"
 #include "shell/options.h"
 #include "support/shell_fixture.h"
+#include "support/sound_fixture.h"
 
 #include <gmock/gmock.h>
 
@@ -89,6 +90,8 @@ TEST_F(Commands, UnknownNumbersDoNothing)
 
 TEST_F(Commands, EveryMenuItemRunsOnAScoreWithoutAnError)
 {
+    VirtualSound sound(process.user);
+    host.pSound = &sound;
     WriteTwoLines();
     std::set<std::string> const toldWithoutMark = {
         "You must mark the section to be slurred (See Edit menu) before you can slur it",
@@ -104,6 +107,9 @@ TEST_F(Commands, EveryMenuItemRunsOnAScoreWithoutAnError)
                 << item.sLabel << ": " << shown.sText;
         process.user.shown.clear();
     }
+    ShutDownMidi();
+    host.pSound = nullptr;
+    ResetPlayOptions();
 }
 
 TEST_F(Commands, OptionsToggleAndKeepTheirCheck)

@@ -114,6 +114,20 @@ TEST_F(MenuBar, EachCommandHasItsLabelItsMnemonicAndItsKey)
         {216, "&Adjust continuously"},
         {204, "&Clarinet transpose"},
         {228, "&Guitar transpose"},
+        {205, "&Double Speed"},
+        {214, "Endless Repeat Play"},
+        {209, "Barn Dance Mode"},
+        {210, "Play dotted crotchet (1/4)"},
+        {211, "Play dotted quaver (1/8)"},
+        {212, "Play Ornaments as semitone rolls"},
+        {213, "Play Ornaments as bowed triplet"},
+        {221, "Play Ornaments as diatonic rolls"},
+        {610, "Show place being played"},
+        {217, "Default Instrument Number..."},
+        {219, "Play guitar chords"},
+        {311, "&Play (hold down CTRL to stop play)\tp"},
+        {312, "&UndoMidi"},
+        {313, "&InitMidi"},
         {206, "&Piano keyboard"},
         {223, "&Note Palette"},
         {218, "Use CRLF, not just LF for linefeeds in ABC output"},
@@ -180,7 +194,8 @@ TEST_F(MenuBar, BrievesTheClipboardAndTheModeInForceStartGrey)
 
 TEST_F(MenuBar, WhatHasNoMenuEntryStandsInNone)
 {
-    for (int32_t const lCommand : {57, 224, 225, 307, 308, 405, 406, 407, 9000, 9001, 9002})
+    for (int32_t const lCommand :
+         {57, 224, 225, 307, 308, 314, 400, 401, 402, 403, 404, 405, 406, 407, 9000, 9001, 9002})
         EXPECT_FALSE(labels.contains(lCommand)) << lCommand;
 }
 
@@ -200,7 +215,10 @@ TEST_F(MenuBar, LengthsVolumesAndKeysAreAllThere)
         EXPECT_EQ(labels[131 + lKey], labels[171 + lKey]) << "the two menus name a key alike";
     }
     for (int32_t lStaff = 1; lStaff <= 8; ++lStaff)
+    {
         EXPECT_EQ(labels[500 + lStaff], "Staff &" + std::to_string(lStaff));
+        EXPECT_EQ(labels[510 + lStaff], "Staff &" + std::to_string(lStaff));
+    }
 }
 
 TEST(TempoMenuTable, GroupsItsTemposUnderTheirNames)
