@@ -5,6 +5,7 @@
 #include "app/terminal.h"
 #include "platform/desktop_module.h"
 #include "platform/journal_host.h"
+#include "platform/program_sound.h"
 #include "shell/door.h"
 #include "shell/startup.h"
 
@@ -25,9 +26,11 @@ static int32_t RunProgram(Options const& options, DesktopHost& desktop)
 int32_t Editor_Run(Options const& options, DesktopHost& desktop)
 {
     ShellDoor door;
+    ProgramSound sound;
     host = Host{};
     host.pUser = &desktop;
     host.pSettings = desktop.Settings();
+    host.pSound = &sound;
     host.pDoor = &door;
     if (options.sJournal.empty())
     {

@@ -4,6 +4,7 @@
 #include "app/export.h"
 
 #include "app/export_abc.h"
+#include "app/export_wave.h"
 #include "app/options.h"
 #include "app/terminal.h"
 #include "core/text.h"
@@ -242,6 +243,8 @@ bool Export_Write(std::string const& szPath, ExportFormat const& format, Documen
         return Export_Abc(szPath, format.lTune);
     if (sEnding == ".mid")
         return WriteMidi(szPath, format.bExchange);
+    if (sEnding == ".wav")
+        return Export_Wave(szPath);
     if (sEnding == ".tab" || sEnding == ".txt")
         return WriteTab(szPath);
     if (sEnding == ".svg")

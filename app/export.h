@@ -21,8 +21,8 @@ struct ExportFormat
 /// Where PDF and PNG documents come from: the desktop module, loaded when one is asked for. Null when it can't be had.
 using DocumentMaker = DesktopHost* (*)();
 
-/// Writes the Score to szPath as .zrn, .abc, .mid, .pdf, .svg or .png, or its tablature, which must be shown, as .tab or
-/// .txt. A file that was there stays whole unless the new one is complete. False when it could not be done; the user
-/// has been told. A .png of several pages has the further ones beside it, as name-2.png and so on.
+/// Writes the Score to szPath as .zrn, .abc, .mid, .wav, .pdf, .svg or .png, or its tablature, which must be shown, as
+/// .tab or .txt. A file that was there stays whole unless the new one is complete. False when it could not be done; the
+/// user has been told. A .png of several pages has the further ones beside it, as name-2.png and so on.
 [[nodiscard]] bool Export_Write(std::string const& szPath, ExportFormat const& format, DocumentMaker pMaker);
 } // namespace zarn

@@ -48,6 +48,8 @@ int32_t Run(zarn::Options const& options)
         return Task_List(options);
     case zarn::Task::FINGERING:
         return Task_Fingering(options);
+    case zarn::Task::PLAY:
+        return Task_Play(options);
     case zarn::Task::REPLAY:
         return Task_Replay(options, DocumentHost);
     case zarn::Task::EDIT:

@@ -13,7 +13,7 @@ constexpr int32_t lMostPixels = 20000;
 constexpr int32_t lMostSemitones = 60;
 constexpr int32_t lLeastDpi = 10;
 constexpr int32_t lMostDpi = 2400;
-constexpr char const* aOutputEndings[] = {".zrn", ".abc", ".mid", ".pdf", ".svg", ".png", ".tab", ".txt"};
+constexpr char const* aOutputEndings[] = {".zrn", ".abc", ".mid", ".wav", ".pdf", ".svg", ".png", ".tab", ".txt"};
 
 bool ReadNumber(std::string const& s, int32_t lLeast, int32_t lMost, int32_t* plNumber)
 {
@@ -69,9 +69,8 @@ struct Reader
             return false;
         std::string const sEnding = FileEnding(options.sOutput);
         if (std::find(std::begin(aOutputEndings), std::end(aOutputEndings), sEnding) == std::end(aOutputEndings))
-            return Fail(
-                options.sOutput +
-                ": can't write a file with this ending; .zrn, .abc, .mid, .pdf, .svg, .png, .tab and .txt can be written");
+            return Fail(options.sOutput + ": can't write a file with this ending; .zrn, .abc, .mid, .wav, .pdf, .svg, "
+                                          ".png, .tab and .txt can be written");
         return true;
     }
 
@@ -139,6 +138,8 @@ struct Reader
             return SetTask(Task::LIST, sWord);
         if (sWord == "--fingering")
             return SetTask(Task::FINGERING, sWord);
+        if (sWord == "--play")
+            return SetTask(Task::PLAY, sWord);
         if (sWord == "--replay")
             return Argument(sWord, &options.sJournal) && SetTask(Task::REPLAY, sWord);
         if (sWord == "--journal")
@@ -195,6 +196,7 @@ struct Reader
         case Task::DUMP:
         case Task::LIST:
         case Task::FINGERING:
+        case Task::PLAY:
             if (cFiles != 1)
                 return Fail(cFiles == 0 ? "there is no file to read"
                                         : "only one file can be read: " + options.aFiles[1]);
@@ -210,8 +212,8 @@ struct Reader
         if (options.bAllTunes && options.task != Task::EXPORT && options.task != Task::CHECK)
             return Fail("--tune all goes with -o or --check");
         bool const bReads = options.task == Task::EXPORT || options.task == Task::CHECK || options.task == Task::DUMP;
-        if (options.lTranspose && !bReads && options.task != Task::FINGERING)
-            return Fail("--transpose goes with -o, --check, --dump or --fingering");
+        if (options.lTranspose && !bReads && options.task != Task::FINGERING && options.task != Task::PLAY)
+            return Fail("--transpose goes with -o, --check, --dump, --fingering or --play");
         if (options.bTablature && !bReads)
             return Fail("--tablature goes with -o, --check or --dump");
         if (options.bExchange && FileEnding(options.sOutput) != ".mid")
@@ -243,8 +245,8 @@ char const* Options_Help()
 {
     return "zarn [FILE]                   open the editor, with a score (.zrn), an ABC tune (.abc) or a MIDI file "
            "(.mid)\n"
-           "zarn -o OUT [options] FILE    convert without a window; OUT ends in .zrn, .abc, .mid, .pdf, .svg,\n"
-           "                              .png, .tab or .txt\n"
+           "zarn -o OUT [options] FILE    convert without a window; OUT ends in .zrn, .abc, .mid, .wav, .pdf,\n"
+           "                              .svg, .png, .tab or .txt\n"
            "     --export OUT             the same as -o OUT\n"
            "     --tune N|all             the tune numbered X:N of a many-tune file (default: the first);\n"
            "                              all: one output a tune, its number and title in the name;\n"
@@ -262,6 +264,7 @@ char const* Options_Help()
            "zarn --fingering FILE         print the cheapest fingering, one chord a line: bar, notes, "
            "string/fret/finger\n"
            "                              of each, own price, price of the step, total so far\n"
+           "zarn --play FILE              play it, and end; Ctrl+C ends it sooner\n"
            "zarn --replay JOURNAL [-o OUT] [FILE]\n"
            "                              open FILE, play the journal back without a display, then write OUT\n"
            "zarn --journal JOURNAL [FILE] open the editor and write down all that comes from outside\n"

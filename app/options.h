@@ -16,6 +16,7 @@ enum class Task
     DUMP,
     LIST,
     FINGERING,
+    PLAY,
     REPLAY,
     HELP,
     VERSION

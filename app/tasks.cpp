@@ -4,6 +4,7 @@
 #include "abc/abc_index.h"
 #include "app/fingering_list.h"
 #include "app/headless_process.h"
+#include "app/play_aloud.h"
 #include "app/terminal.h"
 #include "app/tunes.h"
 #include "core/score.h"
@@ -57,8 +58,8 @@ static bool ReadScore(std::string const& szPath, int32_t lTune, Options const& o
 /// @param lTune  the X: number of the tune in hand; -1 when the options alone can tell one
 static ExportFormat FormatOf(Options const& options, int32_t lTune = -1)
 {
-    return {options.lWidth, options.lHeight, options.lPage,
-            options.lDpi,   szAbcTune,       lTune >= 0 ? lTune : options.lTune,
+    return {options.lWidth,   options.lHeight, options.lPage,
+            options.lDpi,     szAbcTune,       lTune >= 0 ? lTune : options.lTune,
             options.bExchange};
 }
 
@@ -153,6 +154,17 @@ int32_t Task_Fingering(Options const& options)
     if (!aTunes || !ReadScore(options.aFiles[0], aTunes->front().lNumber, options))
         return lStatusFailed;
     return FingeringList_Print() ? lStatusGood : lStatusFailed;
+}
+
+int32_t Task_Play(Options const& options)
+{
+    HeadlessProcess process;
+    process.BeginConversion(options.lWidth, options.lHeight);
+    szTerminalFile = options.aFiles[0];
+    auto const aTunes = Tunes_Wanted(options.aFiles[0], options);
+    if (!aTunes || !ReadScore(options.aFiles[0], aTunes->front().lNumber, options))
+        return lStatusFailed;
+    return PlayAloud(process.user) ? lStatusGood : lStatusFailed;
 }
 
 static bool ReadJournal(std::string const& szPath, std::string* psJournal)

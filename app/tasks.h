@@ -16,5 +16,6 @@ constexpr int32_t lStatusWrongWords = 2;
 [[nodiscard]] int32_t Task_Dump(Options const& options);
 [[nodiscard]] int32_t Task_List(Options const& options);
 [[nodiscard]] int32_t Task_Fingering(Options const& options);
+[[nodiscard]] int32_t Task_Play(Options const& options);
 [[nodiscard]] int32_t Task_Replay(Options const& options, DocumentMaker pMaker);
 } // namespace zarn

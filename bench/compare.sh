@@ -4,8 +4,8 @@
 #   bench/compare.sh [BUILD_FOLDER]      default: build/release; a folder that holds zarn and zarn_make_reels
 #   RUNS=20 bench/compare.sh             how many runs of each; the median is shown
 #
-# What isn't there is left out with a line that says so. On Debian: abcm2ps, abcmidi, ghostscript (ps2pdf), hyperfine, xvfb,
-# pkg-config, qt6-base-dev and libxcb1-dev.
+# What isn't there is left out with a line that says so. On Debian: abcm2ps, abcmidi, fluidsynth, ghostscript (ps2pdf),
+# hyperfine, xvfb, pkg-config, qt6-base-dev and libxcb1-dev.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 build=$(cd "${1:-build/release}" && pwd)
@@ -77,6 +77,22 @@ done
 if [ "$have_zarn" ]; then row "midi, 10000 notes: zarn" "$zarn -q -o z.mid 10000.abc"; else skip "midi, 10000 notes: zarn" "not built"; fi
 if has abc2midi; then row "midi, 10000 notes: abc2midi" "abc2midi 10000.abc -o a.mid"; else skip "midi, 10000 notes: abc2midi" "abcmidi isn't installed"; fi
 if [ "$have_zarn" ]; then row "midi, 100000 notes: zarn" "$zarn -q -o z.mid 100000.abc"; else skip "midi, 100000 notes: zarn" "not built"; fi
+
+# The same notes and the same font; the player reads the MIDI file that zarn wrote.
+font=/usr/share/sounds/sf2/TimGM6mb.sf2
+if [ "$have_zarn" ] && [ -e "$font" ]; then
+    "$build/zarn_make_reels" 1000 >1000.abc
+    "$zarn" -q -o 1000.mid 1000.abc
+    export ZARN_SOUND_FONT=$font
+    row "wav, 1000 notes: zarn" "$zarn -q -o z.wav 1000.abc"
+    if has fluidsynth; then
+        row "wav, 1000 notes: fluidsynth" "fluidsynth -niq -T wav -F f.wav $font 1000.mid"
+    else
+        skip "wav, 1000 notes: fluidsynth" "fluidsynth isn't installed"
+    fi
+else
+    skip "wav, 1000 notes: zarn" "not built, or timgm6mb-soundfont isn't installed"
+fi
 
 if [ "$have_zarn" ]; then row "pdf, 10000 notes: zarn" "$zarn -q -o z.pdf 10000.abc"; else skip "pdf, 10000 notes: zarn" "not built"; fi
 if has abcm2ps && has ps2pdf; then

@@ -1,13 +1,16 @@
 # The Debian packages that Zarn needs, and how they get there. Sourced by run.sh and test.sh.
 
 # To build and to run.
-packages_run="g++ cmake ninja-build pkgconf ccache mold qt6-base-dev fonts-dejavu-core"
+# (librtmidi-dev alone would bring the other JACK, whose libraries those of jackd2 would put out.)
+packages_run="g++ cmake ninja-build pkgconf ccache mold qt6-base-dev fonts-dejavu-core
+              librtmidi-dev libjack-jackd2-dev libfluidsynth-dev timgm6mb-soundfont"
 # To make a Debian package besides.
 packages_deb="dpkg-dev file gzip"
 # To test besides.
 packages_test="libgtest-dev libgmock-dev libbenchmark-dev xvfb xauth openbox xdotool x11-utils scrot poppler-utils
                librsvg2-bin libxml2-utils python3 python3-gi gir1.2-atspi-2.0 at-spi2-core dbus-daemon
-               python3-mido abcmidi desktop-file-utils shared-mime-info libglib2.0-bin man-db appstream"
+               python3-mido abcmidi desktop-file-utils shared-mime-info libglib2.0-bin man-db appstream
+               fluidsynth jackd2 pulseaudio pulseaudio-utils"
 # To try the package in a system of its own.
 packages_clean="mmdebstrap lintian"
 

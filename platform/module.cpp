@@ -19,7 +19,8 @@ namespace zarn
 namespace fs = std::filesystem;
 
 #if defined(_WIN32)
-static constexpr char const* sModuleFile = "zarn_desktop.dll";
+static constexpr char const* sDesktopFile = "zarn_desktop.dll";
+static constexpr char const* sSoundFile = "zarn_sound.dll";
 
 fs::path ExecutableFolder()
 {
@@ -28,16 +29,17 @@ fs::path ExecutableFolder()
     return cch > 0 && cch < std::size(szPath) ? fs::path(szPath).parent_path() : fs::path();
 }
 
-static DesktopEntry OpenModule(fs::path const& file, std::string& sError)
+static void* OpenModule(fs::path const& file, char const* sEntry, std::string& sError)
 {
     HMODULE const hModule = LoadLibraryW(file.c_str());
-    void* const pEntry = hModule ? reinterpret_cast<void*>(GetProcAddress(hModule, sDesktopEntry)) : nullptr;
+    void* const pEntry = hModule ? reinterpret_cast<void*>(GetProcAddress(hModule, sEntry)) : nullptr;
     if (!pEntry)
         sError = "error " + std::to_string(GetLastError());
-    return reinterpret_cast<DesktopEntry>(pEntry);
+    return pEntry;
 }
 #else
-static constexpr char const* sModuleFile = "libzarn_desktop.so";
+static constexpr char const* sDesktopFile = "libzarn_desktop.so";
+static constexpr char const* sSoundFile = "libzarn_sound.so";
 
 #if defined(__APPLE__)
 fs::path ExecutableFolder()
@@ -55,38 +57,51 @@ fs::path ExecutableFolder()
 }
 #endif
 
-static DesktopEntry OpenModule(fs::path const& file, std::string& sError)
+static void* OpenModule(fs::path const& file, char const* sEntry, std::string& sError)
 {
     void* const pModule = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
-    void* const pEntry = pModule ? dlsym(pModule, sDesktopEntry) : nullptr;
+    void* const pEntry = pModule ? dlsym(pModule, sEntry) : nullptr;
     if (!pEntry)
         sError = dlerror();
-    return reinterpret_cast<DesktopEntry>(pEntry);
+    return pEntry;
 }
 #endif
 
-DesktopHost* LoadDesktop(fs::path const& folder, int argc, char** argv, bool fWindow, std::string& sError)
+/// The exported function of a module, which is kept loaded. sPart is what a user calls it.
+static void* FindEntry(fs::path const& folder, char const* sFile, char const* sEntry, std::string const& sPart,
+                       std::string& sError)
 {
-    fs::path const aPlaces[] = {folder / sModuleFile, folder / ".." / "lib" / "zarn" / sModuleFile};
     std::error_code error;
-    for (fs::path const& file : aPlaces)
+    for (fs::path const& file : {folder / sFile, folder / ".." / "lib" / "zarn" / sFile})
     {
         if (!fs::exists(file, error))
             continue;
         std::string sWhy;
-        DesktopEntry const pEntry = OpenModule(file, sWhy);
+        void* const pEntry = OpenModule(file, sEntry, sWhy);
         if (!pEntry)
-        {
-            sError = "The desktop part of Zarn can't be loaded: " + sWhy;
-            return nullptr;
-        }
-        DesktopHost* const pHost = pEntry(argc, argv, fWindow);
-        if (!pHost)
-            sError = "There is no display to open a window on.";
-        return pHost;
+            sError = "The " + sPart + " part of Zarn can't be loaded: " + sWhy;
+        return pEntry;
     }
-    sError = std::string("The desktop part of Zarn is missing: ") + sModuleFile + " is neither in " + folder.string() +
+    sError = "The " + sPart + " part of Zarn is missing: " + sFile + " is neither in " + folder.string() +
              " nor in ../lib/zarn beside it.";
     return nullptr;
+}
+
+DesktopHost* LoadDesktop(fs::path const& folder, int argc, char** argv, bool fWindow, std::string& sError)
+{
+    auto const pEntry =
+        reinterpret_cast<DesktopEntry>(FindEntry(folder, sDesktopFile, sDesktopEntry, "desktop", sError));
+    if (!pEntry)
+        return nullptr;
+    DesktopHost* const pHost = pEntry(argc, argv, fWindow);
+    if (!pHost)
+        sError = "There is no display to open a window on.";
+    return pHost;
+}
+
+SoundModule* LoadSound(fs::path const& folder, SoundSetup const& setup, std::string& sError)
+{
+    auto const pEntry = reinterpret_cast<SoundEntry>(FindEntry(folder, sSoundFile, sSoundEntry, "sound", sError));
+    return pEntry ? pEntry(setup) : nullptr;
 }
 } // namespace zarn

@@ -21,6 +21,15 @@ Parsed Parse(std::vector<std::string> const& aWords)
 }
 } // namespace
 
+TEST(Options, APlayTakesAFileATuneAndATransposition)
+{
+    Parsed const p = Parse({"--play", "--tune", "7", "--transpose", "2", "a.abc"});
+    EXPECT_TRUE(p.bGood) << p.sError;
+    EXPECT_EQ(p.options.task, Task::PLAY);
+    EXPECT_EQ(p.options.lTune, 7);
+    EXPECT_EQ(p.options.lTranspose, 2);
+}
+
 TEST(Options, NoWordsOpenTheEditor)
 {
     Parsed const p = Parse({});
@@ -80,7 +89,7 @@ TEST(Options, TransposingTakesSemitonesUpAndDownAndGoesWithATaskThatReads)
     {
         Parsed const p = Parse(aWords);
         EXPECT_FALSE(p.bGood);
-        EXPECT_EQ(p.sError, "--transpose goes with -o, --check, --dump or --fingering");
+        EXPECT_EQ(p.sError, "--transpose goes with -o, --check, --dump, --fingering or --play");
     }
 }
 
@@ -119,6 +128,10 @@ TEST(Options, WrongWordsAreRefusedWithASentence)
         {"--fingering"},
         {"--fingering", "a.abc", "b.abc"},
         {"--fingering", "-o", "x.zrn", "a.abc"},
+        {"--play"},
+        {"--play", "a.abc", "b.abc"},
+        {"--play", "--tune", "all", "a.abc"},
+        {"--play", "-o", "x.wav", "a.abc"},
         {"--tablature", "a.abc"},
         {"--tablature", "--fingering", "a.abc"},
     };

@@ -20,8 +20,8 @@ MESSAGES = {
     "Zarn version ",
     "You must mark the section to be slurred (See Edit menu) before you can slur it",
     "Mark the section to transpose first",
-    "There are no MIDI devices configured on this system",
-    "Cannot play - MIDI not working",
+    "Using device 'Built-in synthesizer' (only device available)",
+    "MIDI is already set up.  Re-do?",
     "Do you want the tablature recalculated now?",
     "Restriction: Tablature can only be shown for one staff and you have 7 staffs showing",
     "Adding lyrics like this only works in keyboard mode.  Hit Esc to switch modes and put the cursor just before the "

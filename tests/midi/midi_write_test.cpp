@@ -315,4 +315,17 @@ TEST_F(MidiWriteTest, Midi2abcReadsTheTuneBack)
     EXPECT_NE(sSaid.find("K:G"), sSaid.npos) << sSaid;
     EXPECT_NE(sSaid.find("G/2A/2B G2 FG D2"), sSaid.npos) << sSaid;
 }
+
+TEST_F(MidiWriteTest, FluidSynthPlaysTheWholeTune)
+{
+    Write(1, "clef:1 key:1 time:4/4 tempo:120 n4/24 n5/24 n6/48 n4/96 n3/48 n4/48 n1/96");
+    std::string const sSaid =
+        Foreign(Saved(false, 0, false), "command -v fluidsynth",
+                "fluidsynth -niq -T raw -F a.raw /usr/share/sounds/sf2/TimGM6mb.sf2 a.mid >log 2>&1; wc -c <a.raw");
+    if (sSaid.empty())
+        GTEST_SKIP() << "fluidsynth isn't installed";
+    constexpr int64_t cbPerSecond = 44100 * 4;
+    EXPECT_GE(std::stoll(sSaid), 4 * cbPerSecond) << "eight crotchets at 120, and their dying away";
+    EXPECT_LE(std::stoll(sSaid), 10 * cbPerSecond);
+}
 } // namespace zarn
