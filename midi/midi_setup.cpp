@@ -6,6 +6,7 @@
 #include "midi/midi_device_dialog.h"
 #include "midi/midi_out.h"
 #include "midi/player.h"
+#include "midi/record.h"
 
 #include <string>
 
@@ -67,6 +68,7 @@ void InitMidi()
 void UndoMidi()
 {
     Player_Stop();
+    Recording_EndThru();
     AllNotesOff(MidiOutHandle());
     MidiOut_Set(nullptr);
 }
@@ -74,6 +76,7 @@ void UndoMidi()
 void ShutDownMidi()
 {
     Player_Stop();
+    Recording_EndThru();
     MidiOut_Set(nullptr);
 }
 } // namespace zarn

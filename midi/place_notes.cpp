@@ -28,11 +28,6 @@ constexpr int32_t lMiddleC = 60;
 constexpr int32_t lSemitones = 12;
 constexpr int32_t lSteps = 7;
 
-int32_t Truncate(double d)
-{
-    return static_cast<int32_t>(std::clamp(d, static_cast<double>(INT32_MIN), static_cast<double>(INT32_MAX)));
-}
-
 /// Ticks of the score for a span of the source's time.
 int32_t Ticks(int64_t lSpan, float fRate) { return Truncate(static_cast<float>(lSpan) * fRate); }
 
@@ -192,7 +187,7 @@ private:
     {
         int32_t const lLeast = LeastTime();
         float fRateSum = 0;
-        int32_t cMembers = 0;
+        int32_t fCount = 0;
         int32_t lLongest = -1;
         bool fAnyTied = false;
         for (HeldNote& note : all.listHeld)
@@ -204,15 +199,15 @@ private:
             int32_t const lEnd = EndOf(note);
             int32_t const lDuration = Quantise(Ticks(int64_t{lEnd} - note.lOn, note.fRate));
             lLongest = std::max(lLongest, lDuration);
-            AddMember(note, lDuration, cMembers == 0);
-            ++cMembers;
+            AddMember(note, lDuration, fCount == 0);
+            ++fCount;
             if (note.fTied)
                 note.lOn = lEnd;
             else
                 note.lStaff = lPlaced;
         }
         std::erase_if(all.listHeld, [](HeldNote const& note) { return note.lStaff == lPlaced; });
-        if (cMembers == 0)
+        if (fCount == 0)
             return false;
         CloseChord();
         if (fAnyTied && all.cElementsLeft-- > 0)
@@ -222,7 +217,7 @@ private:
         // Only the first staff's time is kept by chords.
         int32_t& lTime = all.alStaffTime[1];
         lTime = Clamp32(int64_t{lTime} + lLongest);
-        float const fMean = fRateSum / static_cast<float>(cMembers);
+        float const fMean = fRateSum / static_cast<float>(fCount);
         Pad(1, int64_t{lLeast} + Truncate(fMean * static_cast<float>(int64_t{lNow} - lStart) + 0.5));
         return true;
     }

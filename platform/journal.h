@@ -12,7 +12,7 @@
 ///
 /// UTF-8; words are parted by blanks; a line whose first sign is # is a comment. A path or text is the rest of the line
 /// behind one blank, as it stands, with its line breaks and ambiguous backslashes written out (Text_Escape). An answer
-/// stands ahead of the event that asks for it.
+/// stands ahead of the event that asks for it. Time is told only ahead of a message from the MIDI input.
 #pragma once
 #include "platform/answer.h"
 #include "platform/event.h"

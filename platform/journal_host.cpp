@@ -5,9 +5,20 @@ namespace zarn
 {
 void JournalHost::Receive(Event const& event)
 {
+    if (event.kind == EventKind::MIDI)
+        WriteTick();
     journal.BeginEvent(event);
     program.Receive(event);
     journal.EndEvent();
+}
+
+/// The time that has passed: a take is followed by its times.
+void JournalHost::WriteTick()
+{
+    uint32_t const lNowMs = real.TickCount();
+    journal.BeginEvent({.kind = EventKind::TICK, .lNumber = static_cast<int32_t>((lNowMs - lToldMs) & INT32_MAX)});
+    journal.EndEvent();
+    lToldMs = lNowMs;
 }
 
 int32_t JournalHost::MessageBox(std::string_view sText, std::string_view sCaption, uint32_t lFlags)

@@ -11,7 +11,8 @@ namespace zarn
 class JournalHost : public UserHost, public Door
 {
 public:
-    JournalHost(UserHost& real, Door& program, JournalWriter& journal) : real(real), program(program), journal(journal)
+    JournalHost(UserHost& real, Door& program, JournalWriter& journal)
+        : real(real), program(program), journal(journal), lToldMs(real.TickCount())
     {
     }
 
@@ -48,10 +49,12 @@ public:
     [[nodiscard]] bool IsControlDown() override { return real.IsControlDown(); }
 
 private:
+    void WriteTick();
     bool WriteName(FileDialog const& dialog, int32_t lFilterBefore, bool bGiven);
 
     UserHost& real;
     Door& program;
     JournalWriter& journal;
+    uint32_t lToldMs; ///< the clock as far as the journal has told it
 };
 } // namespace zarn

@@ -17,6 +17,7 @@
 #include "shell/play_commands.h"
 #include "shell/play_marker.h"
 #include "shell/play_options.h"
+#include "shell/record_command.h"
 #include "shell/staffs_shown.h"
 #include "shell/symbol_commands.h"
 #include "shell/tab_commands.h"
@@ -135,6 +136,7 @@ constexpr CommandRow aCommands[] = {
     {COMMAND_KEEPBARS, ToggleKeepBars},
     {COMMAND_PIANO, TogglePiano},
     {COMMAND_PALETTE, TogglePalette},
+    {COMMAND_RECORD, RecordCommand},
     {COMMAND_PIANOCLOSED, PianoClosed},
     {COMMAND_PALETTECLOSED, PaletteClosed},
     {COMMAND_CLARINET, ToggleClarinet},

@@ -2,6 +2,7 @@
 #include "shell/door.h"
 
 #include "core/messages.h"
+#include "midi/record.h"
 #include "shell/accelerators.h"
 #include "shell/commands.h"
 #include "shell/exit.h"
@@ -42,6 +43,11 @@ void ShellDoor::Receive(Event const& event)
 {
     if (!hwndMain)
         return;
+    if (event.kind == EventKind::MIDI) // not the main window's: the latch of its messages stays
+    {
+        MidiIn_Message(event.lNumber, event.x, event.y);
+        return;
+    }
     Serious_Rearm();
     switch (event.kind)
     {

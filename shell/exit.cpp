@@ -8,6 +8,7 @@
 #include "shell/file_names.h"
 #include "shell/files.h"
 #include "shell/panels_shown.h"
+#include "shell/record_command.h"
 
 namespace zarn
 {
@@ -26,6 +27,7 @@ void ExitCommand()
 {
     if (!MayLeave())
         return;
+    RecordCommand_LeaveProgram();
     DestroyWindow(hwndMain);
     hwndMain = nullptr;
     Panels_Forget();

@@ -79,6 +79,7 @@ static std::vector<MenuItem> OptionsMenu()
             {COMMAND_EDITMODE, "&Edit mode"},
             {COMMAND_PALETTE, "&Note Palette"},
             {COMMAND_PIANO, "&Piano keyboard"},
+            {COMMAND_RECORD, "Record MIDI IN (flakey!!)"},
             {},
             {COMMAND_CLARINET, "&Clarinet transpose"},
             {COMMAND_GUITAR, "&Guitar transpose"},

@@ -9,6 +9,7 @@
 #include "edit/delete.h"
 #include "layout/adjust.h"
 #include "layout/right_justify.h"
+#include "midi/record.h"
 #include "render/geometry.h"
 #include "shell/command_numbers.h"
 #include "shell/menu.h"
@@ -101,6 +102,7 @@ void Options_ShowChecks()
     Menu_Check(COMMAND_ARPEGGIOMARKS, bShowArpeggio);
     Menu_Check(COMMAND_RIGHTJUSTIFIED, bRightJustified);
     Menu_Check(COMMAND_ADJUSTALWAYS, bAutoLayout);
+    Menu_Check(COMMAND_RECORD, IsRecording());
     Menu_Check(COMMAND_USECRLF, bUseCrlf);
     Menu_Check(COMMAND_CHORDSBELOW, bChordsBelowStaff);
     for (int32_t lStaff = 1; lStaff <= lHighestStaff; ++lStaff)

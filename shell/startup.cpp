@@ -8,6 +8,7 @@
 #include "core/text.h"
 #include "edit/new_score.h"
 #include "midi/midi_setup.h"
+#include "midi/record.h"
 #include "panels/dialogs.h"
 #include "platform/registry.h"
 #include "render/font.h"
@@ -23,6 +24,7 @@
 #include "shell/page_commands.h"
 #include "shell/panels_shown.h"
 #include "shell/play_marker.h"
+#include "shell/record_command.h"
 #include "shell/tab_commands.h"
 
 namespace zarn
@@ -52,6 +54,7 @@ static bool MakeMainWindow()
     Menu_Attach();
     MainWindow_Created();
     Panels_Create();
+    CreateMidiInWindow(hwndMain);
     RECT const client = GetClientRect(hwndMain);
     MainWindow_Resized({client.right, client.bottom});
     Modes_Show();
@@ -130,6 +133,7 @@ bool StartUp(std::string_view szCommandLine)
 
 void ShutDown()
 {
+    RecordCommand_LeaveProgram();
     if (aStaffList[0]) // leaving through the window has freed them already
         Score_DestroyLists();
     ShutDownMidi();

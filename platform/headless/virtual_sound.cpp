@@ -16,7 +16,7 @@ struct OutPort : MidiOutPort
     {
         sound.lOutOpen = -1;
         if (sound.hThru == this)
-            sound.hThru = nullptr;
+            ++sound.cThruLost;
     }
     uint32_t Send(uint32_t dwMessage) override
     {
@@ -28,7 +28,7 @@ struct OutPort : MidiOutPort
     VirtualSound& sound;
 };
 
-struct InPort : MidiInPort
+struct InPort : MidiInPort, LongDataInput
 {
     InPort(VirtualSound& sound, int32_t lDevice) : sound(sound) { sound.lInOpen = lDevice; }
     ~InPort() override
@@ -53,6 +53,12 @@ struct InPort : MidiInPort
             sound.hThru = hOut;
         return sound.nConnectResult;
     }
+    uint32_t LendRoom(MIDIHDR* pRoom) override
+    {
+        if (sound.nRoomResult == MMSYSERR_NOERROR)
+            sound.pRoom = pRoom;
+        return sound.nRoomResult;
+    }
 
     VirtualSound& sound;
 };
@@ -73,6 +79,14 @@ bool VirtualSound::SleepUntil(uint32_t cMilliseconds, WakeEvent& event)
     return event.IsSet();
 }
 
+void VirtualSound::Sleep(uint32_t cMilliseconds)
+{
+    if (bTimerCalls)
+        user.lNowMs += cMilliseconds;
+    else
+        user.Advance(cMilliseconds);
+}
+
 uint32_t VirtualSound::SetTimer(uint32_t cMilliseconds, TimerCallback callback)
 {
     uint32_t const nTimer = ++nLastTimer;
@@ -80,7 +94,9 @@ uint32_t VirtualSound::SetTimer(uint32_t cMilliseconds, TimerCallback callback)
                   [this, nTimer, call = std::move(callback)]
                   {
                       KillTimer(nTimer);
+                      bTimerCalls = true;
                       call();
+                      bTimerCalls = false;
                   });
     return nTimer;
 }

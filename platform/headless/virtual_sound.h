@@ -1,8 +1,10 @@
 /// Sound without a device: messages are written down with their times, and the clock is the script's.
 ///
-/// Nothing waits: Sleep moves the clock on, so that a whole piece plays in no time, and timers call as it passes them.
+/// Nothing waits: Sleep moves the clock on, so that a whole piece plays in no time, and timers call as it passes them,
+/// one after the other: while a timer's own call sleeps, no other calls.
 #pragma once
 #include "platform/headless/script_host.h"
+#include "platform/midi_header.h"
 #include "platform/winmm.h"
 
 #include <cstdint>
@@ -27,7 +29,7 @@ public:
     explicit VirtualSound(ScriptHost& user) : user(user) {}
 
     uint32_t Time() override { return user.lNowMs; }
-    void Sleep(uint32_t cMilliseconds) override { user.Advance(cMilliseconds); }
+    void Sleep(uint32_t cMilliseconds) override;
     bool SleepUntil(uint32_t cMilliseconds, WakeEvent& event) override;
     void BeginPeriod() override { ++cPeriods; }
     void EndPeriod() override { --cPeriods; }
@@ -54,6 +56,7 @@ public:
     uint32_t nNameResult = MMSYSERR_NOERROR; ///< what the operations give
     uint32_t nOpenResult = MMSYSERR_NOERROR;
     uint32_t nSendResult = MMSYSERR_NOERROR;
+    uint32_t nRoomResult = MMSYSERR_NOERROR;
     uint32_t nConnectResult = MMSYSERR_NOERROR;
     uint32_t nStartResult = MMSYSERR_NOERROR;
     bool bErrorTexts = true; ///< "Error N"
@@ -61,6 +64,8 @@ public:
     int32_t lInOpen = -1;
     bool bInStarted = false;
     HMIDIOUT hThru = nullptr; ///< where the input goes besides
+    int32_t cThruLost = 0;    ///< outputs that were closed while the input still went there
+    MIDIHDR* pRoom = nullptr; ///< lent to the input
     int32_t cPeriods = 0;     ///< of the fine clock, begun and not ended
 
 private:
@@ -69,5 +74,6 @@ private:
     ScriptHost& user;
     MidiSink* pSink = nullptr;
     uint32_t nLastTimer = 0;
+    bool bTimerCalls = false;
 };
 } // namespace zarn

@@ -198,6 +198,18 @@ TEST_F(CommandLine, AJournalPlaysBackAndWritesWhatCameOut)
     EXPECT_EQ(Run("--replay nosuch book.abc"), 1);
 }
 
+TEST_F(CommandLine, AJournalPlaysATakeBackAndTracesWhatTheFollowerFinds)
+{
+    Write(folder / "j", "command 407\ncommand 207\ntick 700\nmidi 144 60 64\ntick 500\nmidi 144 64 64\n"
+                        "tick 500\nmidi 144 67 64\ntick 300\ncommand 207\ntick 5000\n");
+    EXPECT_EQ(Run("--replay j book.abc"), 0);
+    for (char const* const sLine : {"First key down.  gltStart=700\r\n", "500 Second note == 48 beats rate=0.096\r\n",
+                                    "1000 Delta= 500 Beat=96 Rate= 0.096 Setting timer for 250 mSec, gTimer=1\r\n",
+                                    "1250 Ding! 0, dwuser=2, error=0 Delay=250\r\n"})
+        EXPECT_NE(sErr.find(sLine), std::string::npos) << sLine << sErr;
+    EXPECT_EQ(sErr.find("1500 Ding!"), std::string::npos) << "the take was over by then";
+}
+
 TEST_F(CommandLine, TablatureIsFingeredStoredAndWrittenAsText)
 {
     EXPECT_EQ(Run("--tablature -o t.tab --tune 7 book.abc"), 0) << sErr;

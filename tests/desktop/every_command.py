@@ -26,6 +26,9 @@ MESSAGES = {
     "Restriction: Tablature can only be shown for one staff and you have 7 staffs showing",
     "Adding lyrics like this only works in keyboard mode.  Hit Esc to switch modes and put the cursor just before the "
     "note",
+    "No MIDI input devices available",
+    "Unrecognised MIDI in error",
+    "Midi input handle=NULL",
 }
 
 

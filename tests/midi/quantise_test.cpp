@@ -19,6 +19,30 @@ TEST(Quantise, LengthsGoToWhatTheNotationWrites)
     EXPECT_GT(Quantise(INT32_MAX), 0);
 }
 
+TEST(Quantise, AgreesWithAPlainTableForEveryLengthUpToTwoBars)
+{
+    // From this many ticks on, up to the next row's.
+    struct
+    {
+        int32_t lFrom, lLength;
+    } const aRow[] = {{0, 0},     {6, 12},    {18, 24},   {30, 36},   {42, 48},   {66, 72},   {90, 96},
+                      {126, 128}, {138, 144}, {186, 192}, {282, 288}, {378, 384}, {390, 288}, {401, -1}};
+    for (size_t n = 0; aRow[n].lLength >= 0; ++n)
+        for (int32_t lTicks = aRow[n].lFrom; lTicks < aRow[n + 1].lFrom; ++lTicks)
+            EXPECT_EQ(Quantise(lTicks), aRow[n].lLength) << lTicks;
+}
+
+TEST(Truncate, GoesTowardZeroAndStaysInRange)
+{
+    struct
+    {
+        double d;
+        int32_t l;
+    } const aCase[] = {{0.99, 0}, {-0.99, 0}, {24.5, 24}, {-24.5, -24}, {1e30, INT32_MAX}, {-1e30, INT32_MIN}};
+    for (auto const& c : aCase)
+        EXPECT_EQ(Truncate(c.d), c.l) << c.d;
+}
+
 TEST(Quantise, LengthsThatWereExactOrNothingAreLogged)
 {
     static std::string sLog;

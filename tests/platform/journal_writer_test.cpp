@@ -99,6 +99,21 @@ TEST(JournalWriter, AFileThatCantBeMadeIsToldOf)
     EXPECT_FALSE(journal.Open(std::filesystem::temp_directory_path().string()));
 }
 
+TEST_F(JournalFile, AheadOfAMessageFromTheMidiInputStandsTheTimeThatHasPassed)
+{
+    test::ScriptedProcess process;
+    Program program;
+    process.user.lNowMs = 0xFFFFFFFF - 99;
+    JournalHost keeper(process.user, program, journal);
+    process.user.lNowMs += 300; // the clock wraps
+    keeper.Receive(Command(1));
+    keeper.Receive({.kind = EventKind::MIDI, .lNumber = 144, .x = 60, .y = 64});
+    process.user.lNowMs += 480;
+    keeper.Receive({.kind = EventKind::MIDI, .lNumber = 128, .x = 60, .y = 0});
+    keeper.Receive({.kind = EventKind::MIDI, .lNumber = 144, .x = 62, .y = 64});
+    EXPECT_EQ(Written(), "command 1\ntick 300\nmidi 144 60 64\ntick 480\nmidi 128 60 0\ntick 0\nmidi 144 62 64\n");
+}
+
 TEST_F(JournalFile, WhatWasWrittenPlaysBackToTheSameAnswers)
 {
     std::vector<std::string> aGot;

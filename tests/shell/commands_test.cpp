@@ -1,6 +1,7 @@
 #include "shell/commands.h"
 
 #include "layout/adjust.h"
+#include "midi/record.h"
 #include "platform/headless/replay.h"
 #include "shell/command_list.h"
 #include "shell/command_numbers.h"
@@ -107,6 +108,7 @@ TEST_F(Commands, EveryMenuItemRunsOnAScoreWithoutAnError)
                 << item.sLabel << ": " << shown.sText;
         process.user.shown.clear();
     }
+    StopRecording(nullptr);
     ShutDownMidi();
     host.pSound = nullptr;
     ResetPlayOptions();

@@ -129,6 +129,7 @@ TEST_F(MenuBar, EachCommandHasItsLabelItsMnemonicAndItsKey)
         {312, "&UndoMidi"},
         {313, "&InitMidi"},
         {206, "&Piano keyboard"},
+        {207, "Record MIDI IN (flakey!!)"},
         {223, "&Note Palette"},
         {218, "Use CRLF, not just LF for linefeeds in ABC output"},
         {220, "Put chord symbols below staff"},

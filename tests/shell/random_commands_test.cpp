@@ -1,5 +1,6 @@
 // Any commands in any order, with any numbers typed, leave a score that is whole.
 #include "core/score_check.h"
+#include "midi/record.h"
 #include "support/shell_fixture.h"
 #include "support/sound_fixture.h"
 
@@ -18,6 +19,7 @@ struct RandomCommands : Shell
     }
     ~RandomCommands() override
     {
+        StopRecording(nullptr);
         ShutDownMidi();
         host.pSound = nullptr;
         ResetPlayOptions();
@@ -43,7 +45,7 @@ TEST_F(RandomCommands, LeaveTheScoreWhole)
     {
         process.user.answers.clear();
         AnswersNumber(AnyNumber());
-        switch (random() % 4)
+        switch (random() % 5)
         {
         case 0:
             Send(EventKind::SIZE, 0, Among({0, 1, 100, 1200, 30000}), Among({0, 1, 100, 800, 30000}));
@@ -51,12 +53,17 @@ TEST_F(RandomCommands, LeaveTheScoreWhole)
         case 1:
             Send(EventKind::SCROLL, Among({0, 1, 2, 3, 4}), Among({-1, 0, 100, 5000}));
             break;
+        case 2:
+            Send(EventKind::MIDI, Among({144, 144, 144, 128, 159, 0xF0, 0xF7, 0, 255}),
+                 Among({0, 60, 60, 64, 127, 255}), Among({0, 64, 64, 255}));
+            break;
         default:
             sound.sent.clear();
-            Command(Among({204, 205, 209, 210, 211, 212, 213, 214, 217, 219, 221, 228, 311, 312, 313, 314,  400, 401,
-                           402, 403, 404, 511, 512, 518, 610, 201, 202, 203, 215, 216, 220, 222, 227, 229,  230, 231,
-                           232, 233, 234, 235, 236, 237, 301, 302, 303, 304, 309, 310, 315, 316, 317, 319,  321, 336,
-                           501, 502, 503, 508, 701, 704, 706, 710, 711, 712, 713, 714, 723, 783, 790, 9100, 9124}));
+            Command(
+                Among({207, 204, 205, 209, 210, 211, 212, 213, 214, 217, 219, 221, 228, 311, 312, 313, 314,  400,
+                       401, 402, 403, 404, 511, 512, 518, 610, 201, 202, 203, 215, 216, 220, 222, 227, 229,  230,
+                       231, 232, 233, 234, 235, 236, 237, 301, 302, 303, 304, 309, 310, 315, 316, 317, 319,  321,
+                       336, 501, 502, 503, 508, 701, 704, 706, 710, 711, 712, 713, 714, 723, 783, 790, 9100, 9124}));
             break;
         }
         Update();
