@@ -12,92 +12,29 @@
 #include "midi/midi_write.h"
 #include "midi/play_list.h"
 #include "platform/files.h"
-#include "platform/headless/headless_window.h"
 #include "platform/svg.h"
-#include "render/geometry.h"
-#include "render/pages.h"
+#include "render/document_pages.h"
 #include "tab/tab_text.h"
 #include "tab/tablature.h"
 
-#include <algorithm>
 #include <memory>
 
 namespace zarn
 {
 namespace
 {
-/// A4 at 300 dots to the inch: a hair line of one unit, doubled, is as wide as an engraved line.
-constexpr SIZE sizeA4{2480, 3508};
-
-/// Room at the edges of paper that the user gave none: printers don't reach there.
-class PaperMargins
-{
-public:
-    PaperMargins() : lLeft(lMarginLeft), lRight(lMarginRight), lTop(lMarginTop), lBottom(lMarginBottom)
-    {
-        constexpr int32_t lPerCent = 5;
-        if (lLeft == 0 && lRight == 0 && lTop == 0 && lBottom == 0)
-            lMarginLeft = lMarginRight = lMarginTop = lMarginBottom = lPerCent;
-    }
-    ~PaperMargins()
-    {
-        lMarginLeft = lLeft;
-        lMarginRight = lRight;
-        lMarginTop = lTop;
-        lMarginBottom = lBottom;
-    }
-    PaperMargins(PaperMargins const&) = delete;
-    PaperMargins& operator=(PaperMargins const&) = delete;
-    [[nodiscard]] static int32_t WidthLeft(int32_t lWidth) { return lWidth * (100 - lMarginLeft - lMarginRight) / 100; }
-
-private:
-    int32_t lLeft;
-    int32_t lRight;
-    int32_t lTop;
-    int32_t lBottom;
-};
-
-/// Hands the pages of the Score to a document.
-class DocumentSink : public PageSink
-{
-public:
-    /// dEm: of a text whose font asks for no size; 0 leaves it to the document.
-    explicit DocumentSink(PagedSurface& document, double dEm) : document(document), dEm(dEm) {}
-
-    HDC StartPage(int32_t) override
-    {
-        dc = DeviceContext{};
-        dc.pSurface = document.StartPage();
-        dc.defaultEm = dEm;
-        return dc.pSurface ? &dc : nullptr;
-    }
-    void EndPage(HDC) override { document.EndPage(); }
-
-private:
-    PagedSurface& document;
-    double dEm;
-    DeviceContext dc;
-};
-
 bool WriteBytes(std::string const& szPath, std::string const& sBytes)
 {
-    HFILE const hFile = _lcreat(szPath);
-    if (!hFile)
+    switch (File_WriteWhole(szPath, sBytes))
     {
+    case FileWritten::NOT_OPENED:
         Terminal_Error("the file can't be written there");
         return false;
-    }
-    bool bGood = true;
-    for (size_t lDone = 0; bGood && lDone < sBytes.size();)
-    {
-        auto const cb = static_cast<int32_t>(std::min<size_t>(sBytes.size() - lDone, 1 << 24));
-        bGood = _lwrite(hFile, sBytes.data() + lDone, cb) == cb;
-        lDone += static_cast<size_t>(cb);
-    }
-    if (!_lclose(hFile) || !bGood)
-    {
+    case FileWritten::FAILED:
         Terminal_Error("writing failed; what stood there before is unchanged");
         return false;
+    case FileWritten::WHOLE:
+        break;
     }
     return true;
 }
@@ -108,10 +45,9 @@ void TellNoSuchPage(int32_t lPage, int32_t cPages)
 }
 
 /// Draws into the document and writes its bytes; the number of pages that the whole score has, 0 on failure.
-int32_t WriteDocument(std::string const& szPath, PagedSurface& document, PageFormat const& format, double dEm)
+int32_t WriteDocument(std::string const& szPath, PagedSurface& document, PageFormat const& format)
 {
-    DocumentSink sink(document, dEm);
-    int32_t const cPages = DrawPages(sink, format);
+    int32_t const cPages = DrawDocument(document, format);
     if (format.lOnlyPage > cPages)
     {
         TellNoSuchPage(format.lOnlyPage, cPages);
@@ -188,15 +124,15 @@ public:
         return bGood ? &dc : nullptr;
     }
 
-    void EndPage(HDC) override
+    bool EndPage(HDC) override
     {
-        pDocument->EndPage();
         std::string sBytes;
         if (!pDocument->Finish(sBytes))
             Fail(sBytes);
         else
             bGood = WriteBytes(szPage, sBytes);
         ++cWritten;
+        return bGood;
     }
 
     bool bGood = true;
@@ -250,22 +186,20 @@ bool Export_Write(std::string const& szPath, ExportFormat const& format, Documen
     if (sEnding == ".svg")
     {
         SvgDocument document({format.lWidth, format.lHeight}, format.sTitle);
-        return WriteDocument(szPath, document, {format.lWidth, format.lHeight, false, format.lPage}, 0) != 0;
+        return WriteDocument(szPath, document, {format.lWidth, format.lHeight, false, format.lPage}) != 0;
     }
     DesktopHost* const pDesktop = pMaker();
     if (!pDesktop)
         return false;
     if (sEnding == ".png")
         return WritePictures(szPath, format, *pDesktop);
-    auto const pDocument = pDesktop->NewPdf(format.sTitle, sizeA4);
+    auto const pDocument = pDesktop->NewPdf(format.sTitle, sheetA4);
     if (!pDocument)
     {
         Terminal_Error("the PDF can't be made");
         return false;
     }
-    // Words were given their columns at the drawing area's width; they keep their share of the page on paper.
-    PaperMargins const margins;
-    double const dEm = NullSurface({1, 1}).DefaultEm() * PaperMargins::WidthLeft(sizeA4.cx) / format.lWidth;
-    return WriteDocument(szPath, *pDocument, {sizeA4.cx, sizeA4.cy, true, format.lPage}, dEm) != 0;
+    SIZE const size = sheetA4.BoxSize();
+    return WriteDocument(szPath, *pDocument, {size.cx, size.cy, true, format.lPage}) != 0;
 }
 } // namespace zarn

@@ -35,7 +35,7 @@ public:
         dc.pSurface = document.StartPage();
         return &dc;
     }
-    void EndPage(HDC) override { document.EndPage(); }
+    bool EndPage(HDC) override { return document.EndPage(); }
     SvgDocument document{sizeWindow, "Reels"};
 
 private:

@@ -126,6 +126,13 @@ class Pictures:
         self.editor.wait("the end of the dialog", lambda: not self.editor.showing("dialog"))
         self.screen.press("Escape")
 
+    def preview(self):
+        self.editor.choose("File", "Print preview...")
+        self.editor.wait_for_title("Print preview")
+        self.keep_window("printing", "dialog")
+        self.screen.press("Escape")
+        self.editor.wait_for_title(TITLE)
+
     def list_of_tunes(self):
         self.screen.press("ctrl+o")
         self.editor.wait_for_title("Open file")
@@ -161,6 +168,7 @@ def main():
         pictures.menus()
         pictures.submenu("menu-settings", "Options", "Settings")
         pictures.dialogs()
+        pictures.preview()
         pictures.list_of_tunes()
         pictures.page("page-words", "auld-lang-syne.zrn", "1200x640")
         pictures.page("page-staffs", "old-hundredth.zrn", "1200x720")

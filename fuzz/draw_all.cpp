@@ -27,7 +27,7 @@ public:
         dc.pSurface = &surface;
         return &dc;
     }
-    void EndPage(HDC) override {}
+    bool EndPage(HDC) override { return true; }
 
 private:
     NullSurface surface{{2480, 3508}};

@@ -44,6 +44,17 @@ Form TimeSignatureForm(std::string_view sNumerator, std::string_view sDenominato
             {std::move(numerator), std::move(denominator), OkButton(), CancelButton()}};
 }
 
+Form AbortForm(std::string_view sFile)
+{
+    constexpr int32_t lNowPrinting = 7038;
+    return {lAbortForm,
+            "Printing...",
+            "box",
+            {{FormControl::STATIC, lNowPrinting, "Now Printing: "},
+             {FormControl::STATIC, lAbortFile, std::string(sFile)},
+             CancelButton()}};
+}
+
 Form QuestionForm(std::string_view sTitle, std::string_view sText, std::string_view sFirst, std::string_view sSecond)
 {
     return {lQuestionForm,

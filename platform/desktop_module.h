@@ -21,8 +21,6 @@ public:
     virtual int32_t Run() = 0;
     /// The user's stored settings; as long as the host.
     virtual SettingsStore* Settings() = 0;
-    /// A PDF of pages of that size, in units of 1/300 inch, which are also the surface's pixels. Null when it can't be.
-    virtual std::unique_ptr<PagedSurface> NewPdf(std::string_view sTitle, SIZE size) = 0;
     /// A PNG picture, one page. size is the drawing's, in pixels of 1/96 inch; the picture has lDpi pixels to the inch.
     /// Null when it can't be made (too large).
     virtual std::unique_ptr<PagedSurface> NewPng(SIZE size, int32_t lDpi) = 0;

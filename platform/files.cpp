@@ -365,6 +365,22 @@ bool _lclose(HFILE hFile)
 
 void File_GiveUp(HFILE hFile) { delete hFile; }
 
+FileWritten File_WriteWhole(std::string_view szPath, std::string_view sBytes)
+{
+    HFILE const hFile = _lcreat(szPath);
+    if (!hFile)
+        return FileWritten::NOT_OPENED;
+    bool bGood = true;
+    while (bGood && !sBytes.empty())
+    {
+        constexpr size_t cbMost = 1 << 24;
+        auto const cb = static_cast<int32_t>(std::min(sBytes.size(), cbMost));
+        bGood = _lwrite(hFile, sBytes.data(), cb) == cb;
+        sBytes.remove_prefix(static_cast<size_t>(cb));
+    }
+    return _lclose(hFile) && bGood ? FileWritten::WHOLE : FileWritten::FAILED;
+}
+
 bool DeleteFileA(std::string_view szPath) { return ::unlink(std::string(szPath).c_str()) == 0; }
 
 bool MoveFileA(std::string_view szFrom, std::string_view szTo)

@@ -31,6 +31,14 @@ int32_t _llseek(HFILE hFile, int32_t lOffset, int32_t lFrom); ///< the new place
 bool _lclose(HFILE hFile);
 /// Gives a file made by _lcreat up: what stood in its place stays as it was. The handle is gone; null does nothing.
 void File_GiveUp(HFILE hFile);
+enum class FileWritten
+{
+    WHOLE,
+    NOT_OPENED, ///< it can't be written there
+    FAILED,     ///< what stood there before is unchanged
+};
+/// Makes a file of these bytes.
+[[nodiscard]] FileWritten File_WriteWhole(std::string_view szPath, std::string_view sBytes);
 bool DeleteFileA(std::string_view szPath);
 bool MoveFileA(std::string_view szFrom, std::string_view szTo); ///< false when the target is there
 /// Makes an empty file with a name that begins with the prefix; empty when it can't be made. szDirectory empty: here.

@@ -255,9 +255,9 @@ bool GetTextExtentPoint32A(HDC hdc, std::string_view sText, SIZE* pSize)
 
 int32_t GetDeviceCaps(HDC hdc, int32_t lIndex)
 {
-    if (!CanDraw(hdc))
+    if (!hdc)
         return 0;
-    SIZE const size = hdc->pSurface->Size();
+    SIZE const size = hdc->pSurface ? hdc->pSurface->Size() : hdc->pageSize;
     return lIndex == HORZRES ? size.cx : lIndex == VERTRES ? size.cy : 0;
 }
 } // namespace zarn

@@ -80,6 +80,8 @@ struct TextStyle
     COLORREF color = 0;
 };
 
+constexpr double screenEm = 13; ///< pixels: the em of a text on the screen whose font asks for no size
+
 /// What a host draws on. Boxes come normalised (left below right, top below bottom) and never empty; with a null pen
 /// the box is what the brush fills, to the last pixel. A line is never a single point, and its pen never null. A
 /// polygon has two points or more. At least one of a shape's pen and brush draws.
@@ -97,8 +99,10 @@ public:
     /// Fills the box with no outline.
     virtual void Fill(RECT box, COLORREF color) = 0;
     /// The em, in pixels, of a text whose font asks for no size of its own.
-    virtual double DefaultEm() const { return 13; }
+    virtual double DefaultEm() const { return screenEm; }
 };
+
+struct PrinterContext;
 
 /// A surface with what is selected on it.
 struct DeviceContext
@@ -111,7 +115,9 @@ struct DeviceContext
     uint32_t textAlign = TA_TOP;
     int32_t bkMode = TRANSPARENT;
     POINT position = {};
-    double defaultEm = 0; ///< pixels, of a text whose font asks for no size; 0: the surface's own
+    double defaultEm = 0;               ///< pixels, of a text whose font asks for no size; 0: the surface's own
+    SIZE pageSize = {};                 ///< a printer's, which has no surface between pages
+    PrinterContext* pPrinter = nullptr; ///< of a printer's context (platform/print.h)
 };
 using HDC = DeviceContext*;
 

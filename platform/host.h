@@ -2,11 +2,14 @@
 #pragma once
 #include "platform/commdlg.h"
 #include "platform/gdi.h"
+#include "platform/print.h"
 #include "platform/registry.h"
 #include "platform/user.h"
 #include "platform/winmm.h"
 
 #include <functional>
+#include <memory>
+#include <string_view>
 
 namespace zarn
 {
@@ -39,6 +42,18 @@ public:
     virtual void PostEvent(Event const& event) = 0;
     /// The CTRL key is down now, whichever window has the keys. Any thread.
     [[nodiscard]] virtual bool IsControlDown() = 0;
+
+    /// The user's printer; null when there is none.
+    virtual std::unique_ptr<Printer> DefaultPrinter() = 0;
+    /// A PDF of such pages. Null when it can't be made.
+    virtual std::unique_ptr<PagedSurface> NewPdf(std::string_view sTitle, Sheet const& sheet) = 0;
+    /// A box that doesn't wait; see CreateDialogParamA. Null when it can't be made.
+    virtual std::unique_ptr<Dialog> CreateModeless(Form const& form,
+                                                   std::function<void(int32_t lCommand)> onCommand) = 0;
+    /// Lets in what waits for the windows and boxes.
+    virtual void DispatchMessages() = 0;
+    /// Shows pages until the user closes them: IDOK when they are to be printed, otherwise IDCANCEL.
+    virtual int32_t ShowPages(PageSource& pages) = 0;
 };
 
 struct Host

@@ -45,6 +45,13 @@ int32_t JournalHost::PopupMenu(std::vector<MenuItem> const& aMenu, POINT place)
     return lCommand;
 }
 
+int32_t JournalHost::ShowPages(PageSource& pages)
+{
+    int32_t const lButton = real.ShowPages(pages);
+    journal.WriteAnswer(Box_Answer(lButton));
+    return lButton;
+}
+
 bool JournalHost::AskOpenName(FileDialog& dialog)
 {
     int32_t const lFilter = dialog.lFilter;

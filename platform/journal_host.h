@@ -47,6 +47,17 @@ public:
     void PostTask(std::function<void()> action) override { real.PostTask(std::move(action)); }
     void PostEvent(Event const& event) override { real.PostEvent(event); }
     [[nodiscard]] bool IsControlDown() override { return real.IsControlDown(); }
+    std::unique_ptr<Printer> DefaultPrinter() override { return real.DefaultPrinter(); }
+    std::unique_ptr<PagedSurface> NewPdf(std::string_view sTitle, Sheet const& sheet) override
+    {
+        return real.NewPdf(sTitle, sheet);
+    }
+    std::unique_ptr<Dialog> CreateModeless(Form const& form, std::function<void(int32_t lCommand)> onCommand) override
+    {
+        return real.CreateModeless(form, std::move(onCommand));
+    }
+    void DispatchMessages() override { real.DispatchMessages(); }
+    int32_t ShowPages(PageSource& pages) override;
 
 private:
     void WriteTick();

@@ -39,10 +39,11 @@ Surface* SvgDocument::StartPage()
     return this;
 }
 
-void SvgDocument::EndPage()
+bool SvgDocument::EndPage()
 {
     EndRun();
     sBody += "</g>\n";
+    return true;
 }
 
 bool SvgDocument::Finish(std::string& sBytes)

@@ -17,7 +17,7 @@ public:
     SvgDocument(SIZE size, std::string_view sTitle);
 
     Surface* StartPage() override;
-    void EndPage() override;
+    bool EndPage() override;
     [[nodiscard]] bool Finish(std::string& sBytes) override; ///< never fails
 
 private:

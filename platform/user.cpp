@@ -31,6 +31,31 @@ bool ShowProgress(HWND, std::string_view sText, int32_t lDone, int32_t lTotal)
     return !host.pUser || host.pUser->ShowProgress(sText, lDone, lTotal);
 }
 
+HDLG CreateDialogParamA(HWND, Form const& form, std::function<void(int32_t lCommand)> onCommand)
+{
+    return host.pUser ? host.pUser->CreateModeless(form, std::move(onCommand)).release() : nullptr;
+}
+
+void SetDlgItemTextA(HDLG hDialog, int32_t lId, std::string_view sText)
+{
+    if (hDialog)
+        hDialog->SetText(lId, sText);
+}
+
+void DestroyWindow(HDLG hDialog) { delete hDialog; }
+
+void DispatchMessages()
+{
+    if (host.pUser)
+        host.pUser->DispatchMessages();
+}
+
+void EnableWindow(HWND hwnd, bool bOn)
+{
+    if (hwnd)
+        hwnd->Enable(bOn);
+}
+
 static int32_t lShowCount = 0; ///< ShowCursor's
 
 HWND CreateWindowExA(std::string_view sTitle, Painter* pPainter)

@@ -120,6 +120,7 @@ public:
     virtual void EnableItem(int32_t lCommand, bool bOn) = 0;
     virtual void SetItemText(int32_t lCommand, std::string_view sText) = 0;
     virtual void Destroy() = 0;
+    virtual void Enable(bool bOn) = 0; ///< false: it takes no input
     /// Calls pAction once, from the message loop, after the repaint that is owed. Without a loop: at once.
     virtual void Post(void (*pAction)()) { pAction(); }
 };
@@ -166,6 +167,15 @@ struct PanelSetup
     PanelPointer pointer = PanelPointer::ARROW;
 };
 
+/// A box that stands over the main window while the program goes on.
+class Dialog
+{
+public:
+    virtual ~Dialog() = default;
+    virtual void SetText(int32_t lId, std::string_view sText) = 0; ///< of the control with that id
+};
+using HDLG = Dialog*;
+
 /// Who paints a window when its host finds that a repaint is owed.
 class Painter
 {
@@ -177,6 +187,15 @@ public:
 int32_t MessageBoxA(HWND hwnd, std::string_view sText, std::string_view sCaption, uint32_t lFlags);
 /// Runs the dialog; gives the id of the button that ended it, IDCANCEL when it was closed; 0 when it can't be made.
 [[nodiscard]] int32_t DialogBoxParamA(HWND hwnd, Form& form);
+/// A box that the program doesn't wait for; the user gets into it with DispatchMessages. onCommand is told each button
+/// that is pressed, and IDCANCEL when the box is to be closed; it stays until DestroyWindow. Null when it can't be
+/// made.
+[[nodiscard]] HDLG CreateDialogParamA(HWND hwnd, Form const& form, std::function<void(int32_t lCommand)> onCommand);
+void SetDlgItemTextA(HDLG hDialog, int32_t lId, std::string_view sText);
+void DestroyWindow(HDLG hDialog);
+/// PeekMessageA, IsDialogMessageA, TranslateMessage and DispatchMessageA until no message waits.
+void DispatchMessages();
+void EnableWindow(HWND hwnd, bool bOn); ///< false: it takes no input
 /// Shows how far a long run of the main thread has come: opens a box with Cancel at its first call, closes it once
 /// lDone is lTotal. False when the user calls the run off, which closes it too. The main window takes no input
 /// meanwhile.

@@ -5,9 +5,13 @@
 #include "core/text.h"
 #include "render/geometry.h"
 
+#include <utility>
+
 namespace zarn
 {
-static HFONT hFont = nullptr;
+static HFONT hFont = nullptr;       ///< in use
+static HFONT hScreenFont = nullptr; ///< put aside while pages are drawn
+static HFONT hPrintFont = nullptr;  ///< of the last pages, kept until the next ones
 
 bool Font_Make()
 {
@@ -32,5 +36,22 @@ void Font_Renew()
 {
     DeleteObject(hFont);
     hFont = nullptr;
+}
+
+void Font_BeginPrint()
+{
+    DeleteObject(hPrintFont);
+    hScreenFont = std::exchange(hFont, nullptr);
+    Font_Make();
+    hPrintFont = hFont;
+}
+
+void Font_EndPrint() { hFont = std::exchange(hScreenFont, nullptr); }
+
+void Font_Free()
+{
+    Font_Renew();
+    DeleteObject(hPrintFont);
+    hPrintFont = nullptr;
 }
 } // namespace zarn

@@ -12,4 +12,10 @@ bool Font_Make();
 void Font_Select(HDC hdc);
 /// Forgets the font, so that the next Font_Select makes one for the units now in force.
 void Font_Renew();
+
+/// While pages are drawn the font for their units stands in the place of the screen's, which is put aside.
+void Font_BeginPrint();
+void Font_EndPrint();
+/// Frees the fonts. At exit.
+void Font_Free();
 } // namespace zarn

@@ -163,6 +163,8 @@ void EndPrintUnits()
     ReGrid();
 }
 
+double PaperScale() { return bPrinting ? double{1} * lPageWidth / screenUnits.lPageWidth : 1; }
+
 void SetCursorScale(int32_t n)
 {
     lPageWidth = AtLeastOne(int64_t{n} * lColsPerLine);

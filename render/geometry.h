@@ -69,6 +69,8 @@ void SetWindowUnits(RECT const& client);
 /// bStrong doubles hair lines, as paper needs them.
 void BeginPrintUnits(int32_t lDeviceWidth, int32_t lDeviceHeight, bool bStrong);
 void EndPrintUnits();
+/// How many times as wide as the window's page the page is that print units are for; 1 when none are in force.
+[[nodiscard]] double PaperScale();
 /// A column and a row become n pixels each; the window units are set again afterwards.
 void SetCursorScale(int32_t n);
 void GetUnits(int32_t* pxunit, int32_t* pyunit);

@@ -17,50 +17,60 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
+#include <optional>
+#include <utility>
 
 namespace zarn
 {
 namespace
 {
-constexpr int32_t lNoColumn = std::numeric_limits<int32_t>::max();
-
-class PageLoop
+/// Walks along the Score from page to page.
+class PageWalk
 {
 public:
-    PageLoop(PageSink& sink, PageFormat const& format) : sink(sink), format(format)
+    PageWalk()
     {
         for (int32_t lStaff = 1; lStaff <= lHighestStaff; ++lStaff)
             aPlace[lStaff].pel = IsVisible(lStaff) ? StaffFirst(lStaff) : nullptr;
         aLineBefore = aPlace;
+        int64_t const lLine = FirstSystemShown();
+        // Every page has the view's top for its own, so what it cuts would be lost on each of them.
+        if (lScroll > lLine * SystemHeight() + lTopOffset)
+            lScroll = Clamp32(lLine * SystemHeight());
+        lFrom = Clamp32(lLine * lColsPerLine);
+        GoTo(lFrom);
     }
 
-    int32_t Run()
+    [[nodiscard]] int32_t Began() const { return lBegan; } ///< the first column of the page drawn last
+
+    /// Draws the page, and gives where it ended.
+    int32_t Page(HDC hdc)
     {
-        int32_t lPage = 0;
-        for (bool bMore = true; bMore;)
-        {
-            ++lPage;
-            int32_t const lTo = FindEnd();
-            bool const bWanted = !format.lOnlyPage || format.lOnlyPage == lPage;
-            if (bWanted && !Draw(lPage, lTo))
-                return lPage;
-            bMore = lTo != lNoColumn && GoTo(lTo); // what stands at the very last column is out of a damaged file
-            if (bMore)
-                lScroll = Clamp32(lScroll + int64_t{SystemHeight()} * (LineOf(lTo) - LineOf(lFrom)));
-            lFrom = lTo;
-        }
-        return lPage;
+        int32_t const lTo = FindEnd();
+        if (hdc)
+            Draw(hdc, lTo);
+        lBegan = std::exchange(lFrom, lTo);
+        // What stands at the very last column is out of a damaged file.
+        return lTo != lEndOfScore && GoTo(lTo) ? lTo : lEndOfScore;
     }
 
 private:
     static int64_t LineOf(int32_t lStrX) { return lStrX / lColsPerLine; }
 
+    /// The first system, from 0, of whose staffs any line stands below the view's top.
+    static int64_t FirstSystemShown()
+    {
+        int64_t const lSystem = SystemHeight();
+        // Of the first one; odd leger settings don't bring it above the page.
+        int64_t const lFoot = std::max<int64_t>(lTopOffset + lSystem - lExtraBetweenSystems - lLegersBelow, 1);
+        return lSystem > 0 && lScroll >= lFoot ? (lScroll - lFoot) / lSystem + 1 : 0;
+    }
+
     /// Folds the page, and gives the first column that isn't on it any more.
     int32_t FindEnd()
     {
         int32_t const lYFoot = lTopMarginPx + lPageHeight;
-        int32_t lTo = lNoColumn;
+        int32_t lTo = lEndOfScore;
         for (StaffPlace const& place : aPlace)
             for (StaffPlace at = place; at.pel && at.pel->lStrX < lTo; at.Step())
             {
@@ -75,7 +85,7 @@ private:
     [[nodiscard]] int32_t NextLineWithMusic() const
     {
         int32_t const lNext = NextLine(lFrom);
-        int32_t lLeast = lNoColumn;
+        int32_t lLeast = lEndOfScore;
         for (StaffPlace const& place : aPlace)
         {
             StaffPlace at = place;
@@ -84,16 +94,14 @@ private:
             if (at.pel)
                 lLeast = std::min(lLeast, at.pel->lStrX);
         }
-        return lLeast == lNoColumn ? lNoColumn : LineStart(lLeast);
+        return lLeast == lEndOfScore ? lEndOfScore : LineStart(lLeast);
     }
 
-    bool Draw(int32_t lPage, int32_t lTo)
+    void Draw(HDC hdc, int32_t lTo)
     {
-        HDC const hdc = sink.StartPage(lPage);
-        if (!hdc)
-            return false;
         RuledLines_Reset();
         Font_Select(hdc);
+        hdc->defaultEm = screenEm * PaperScale(); // words have their columns by the screen's letters
         SelectObject(hdc, GetStockObject(BLACK_BRUSH));
         for (int32_t lStaff = 1; lStaff <= lHighestStaff; ++lStaff)
         {
@@ -104,8 +112,6 @@ private:
             if (!StaffFirst(lStaff))
                 RuleLine(hdc, nullptr, 1);
         }
-        sink.EndPage(hdc);
-        return true;
     }
 
     /// What the page's symbols reach: they, the last line of notes ahead, the line behind, and what ties, slurs,
@@ -156,22 +162,52 @@ private:
 
     using Places = std::array<StaffPlace, lStaffLists>;
 
-    PageSink& sink;
-    PageFormat const& format;
     Places aPlace;      ///< the first element of each staff that no page has shown yet
     Places aLineBefore; ///< the first one on the line of the last note ahead of it, which a tie may begin at
     int32_t lFrom = 0;  ///< the page's first column
+    int32_t lBegan = 0; ///< that of the page before
 };
+
+std::optional<PageWalk> pageWalk; ///< of the pages being drawn
+
+int32_t RowOf(int32_t lStrX) { return Clamp32(int64_t{SystemHeight()} * (lStrX / lColsPerLine)); }
 } // namespace
+
+int32_t DrawPage(HDC hdc, bool fFirst)
+{
+    if (fFirst || !pageWalk)
+        pageWalk.emplace();
+    lPageEnd = pageWalk->Page(hdc);
+    return lPageEnd;
+}
+
+int32_t DrawPagesFromView(PageSink& sink, int32_t lOnlyPage)
+{
+    int32_t lPage = 0;
+    for (bool fFirst = true;; fFirst = false)
+    {
+        ++lPage;
+        bool const bWanted = !lOnlyPage || lOnlyPage == lPage;
+        HDC const hdc = bWanted ? sink.StartPage(lPage) : nullptr;
+        if (bWanted && !hdc)
+            return lPage;
+        int32_t const lEnd = DrawPage(hdc, fFirst);
+        int32_t const lPrevEnd = pageWalk->Began(); // where the page before ended, or the first one begins
+        if (lEnd != lEndOfScore)
+            lScroll = Clamp32(int64_t{lScroll} + RowOf(lEnd) - RowOf(lPrevEnd));
+        if ((bWanted && !sink.EndPage(hdc)) || lEnd == lEndOfScore)
+            return lPage;
+    }
+}
 
 int32_t DrawPages(PageSink& sink, PageFormat const& format)
 {
     BeginPrintUnits(format.lWidth, format.lHeight, format.bStrong);
-    Font_Renew();
+    Font_BeginPrint();
     lScroll = 0;
-    int32_t const cPages = PageLoop(sink, format).Run();
+    int32_t const cPages = DrawPagesFromView(sink, format.lOnlyPage);
+    Font_EndPrint();
     EndPrintUnits();
-    Font_Renew();
     return cPages;
 }
 } // namespace zarn

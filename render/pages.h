@@ -6,13 +6,17 @@
 
 namespace zarn
 {
+constexpr int32_t lEndOfScore = 0x7FFFFFFF; ///< where the last page ends
+
+inline int32_t lPageEnd = 0; ///< where the last page drawn stopped: a column, or lEndOfScore. Written by DrawPage.
+
 /// Where pages go.
 class PageSink
 {
 public:
     virtual ~PageSink() = default;
     virtual HDC StartPage(int32_t lPage) = 0; ///< lPage from 1; null ends the job
-    virtual void EndPage(HDC hdc) = 0;
+    virtual bool EndPage(HDC hdc) = 0;        ///< false ends the job
 };
 
 struct PageFormat
@@ -23,7 +27,16 @@ struct PageFormat
     int32_t lOnlyPage = 0; ///< draw this page alone, from 1; 0 draws all
 };
 
-/// Draws the Score from its top, page after page; gives how many pages it has. Units and scroll are as before
+/// Draws the next page, or the first one, which begins with the system at the view's top; one that the top would cut
+/// is shown whole, and lScroll moves up for it. A null hdc passes the page over. Print units are in force, and the
+/// Score stays as it is from the first page to the last. Gives lPageEnd.
+int32_t DrawPage(HDC hdc, bool fFirst);
+
+/// The page loop, from the view's top: draws page after page, lScroll moving along. lOnlyPage as in PageFormat. Print
+/// units are in force. Gives how many pages there are, or how many were begun when the sink ended the job.
+int32_t DrawPagesFromView(PageSink& sink, int32_t lOnlyPage);
+
+/// Draws the Score from its top, page after page; gives how many pages it has. Units, font and scroll are as before
 /// afterwards.
 int32_t DrawPages(PageSink& sink, PageFormat const& format);
 } // namespace zarn

@@ -23,6 +23,7 @@ constexpr Accelerator aAccelerators[] = {
     {"n", true, false, COMMAND_NEW},
     {"o", true, false, COMMAND_OPEN},
     {"s", true, false, COMMAND_SAVE},
+    {"p", true, false, COMMAND_PRINT},
     {"f4", false, true, COMMAND_EXIT},
     {"z", true, false, COMMAND_UNDO},
     {"x", true, false, COMMAND_CUT},

@@ -14,9 +14,11 @@
 #include "shell/options.h"
 #include "shell/page_commands.h"
 #include "shell/panels_shown.h"
+#include "shell/paper.h"
 #include "shell/play_commands.h"
 #include "shell/play_marker.h"
 #include "shell/play_options.h"
+#include "shell/print.h"
 #include "shell/record_command.h"
 #include "shell/staffs_shown.h"
 #include "shell/symbol_commands.h"
@@ -62,6 +64,11 @@ constexpr CommandRow aCommands[] = {
     {COMMAND_SAVE, SaveCommand},
     {COMMAND_SAVEAS, SaveAsCommand},
     {COMMAND_EXIT, ExitCommand},
+    {COMMAND_PRINT, PrintCommand},
+    {COMMAND_PRINTONE, [] { PrintScore(1); }},
+    {COMMAND_PREVIEW, PreviewCommand},
+    {COMMAND_SAVEPDF, SavePdfCommand},
+    {COMMAND_WAITEACHPAGE, ToggleWaitEachPage},
     {COMMAND_UNDO, UndoCommand},
     {COMMAND_CUT, CutCommand},
     {COMMAND_COPY, CopyCommand},

@@ -13,6 +13,7 @@
 #include "shell/menu.h"
 #include "shell/mouse.h"
 #include "shell/panels_shown.h"
+#include "shell/print.h"
 #include "shell/status.h"
 
 namespace zarn
@@ -46,6 +47,12 @@ void ShellDoor::Receive(Event const& event)
     if (event.kind == EventKind::MIDI) // not the main window's: the latch of its messages stays
     {
         MidiIn_Message(event.lNumber, event.x, event.y);
+        return;
+    }
+    if (PrintRun::IsOn())
+    {
+        if (event.kind == EventKind::SIZE)
+            PrintRun::Resized();
         return;
     }
     Serious_Rearm();

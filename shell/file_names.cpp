@@ -26,6 +26,11 @@ static std::string LowerCase(std::string s)
     return s;
 }
 
+bool SameExtension(std::string_view szName, std::string_view sExtension)
+{
+    return LowerCase(Extension(szName)) == sExtension;
+}
+
 bool SameFileName(std::string const& szA, std::string const& szB)
 {
     if (szA == szB)

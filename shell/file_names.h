@@ -35,4 +35,6 @@ inline std::optional<int32_t> lPlaceInAbcFile;
 [[nodiscard]] std::string ShortName(std::string_view szName);
 /// The extension with its dot as it is written; empty when there is none.
 [[nodiscard]] std::string Extension(std::string_view szName);
+/// True when the name has that extension, in upper or lower case.
+[[nodiscard]] bool SameExtension(std::string_view szName, std::string_view sExtension);
 } // namespace zarn

@@ -210,10 +210,7 @@ constexpr SaveKind aSaveKind[] = {{FileType::NATIVE, {"Zarn files", "*.zrn"}},
 } // namespace
 
 /// Music that was read as ABC from a .txt file must not become tablature there at a plain Save.
-static bool MayOverwrite(FileType type)
-{
-    return type != FileType::ASCII_TAB || szFileName != szAbcFile;
-}
+static bool MayOverwrite(FileType type) { return type != FileType::ASCII_TAB || szFileName != szAbcFile; }
 
 /// Makes the file in hand anew. bTell: a failure is told here, not by the writer.
 template <typename Writer>

@@ -13,8 +13,17 @@ static std::set<int32_t> greyCommands;
 
 static std::vector<MenuItem> FileMenu()
 {
-    return {{COMMAND_NEW, "&New...\tCtrl+n"}, {COMMAND_OPEN, "&Open...\tCtrl+o"}, {},
-            {COMMAND_SAVE, "&Save\tCtrl+s"},  {COMMAND_SAVEAS, "Save &As..."},    {},
+    return {{COMMAND_NEW, "&New...\tCtrl+n"},
+            {COMMAND_OPEN, "&Open...\tCtrl+o"},
+            {},
+            {COMMAND_SAVE, "&Save\tCtrl+s"},
+            {COMMAND_SAVEAS, "Save &As..."},
+            {COMMAND_SAVEPDF, "Save as P&DF..."},
+            {},
+            {COMMAND_PREVIEW, "Print pre&view..."},
+            {COMMAND_PRINT, "&Print"},
+            {COMMAND_PRINTONE, "Print &1 copy"},
+            {},
             {COMMAND_EXIT, "E&xit"}};
 }
 
@@ -52,6 +61,7 @@ static std::vector<MenuItem> SettingsMenu()
             {},
             {COMMAND_USECRLF, "Use CRLF, not just LF for linefeeds in ABC output"},
             {COMMAND_CHORDSBELOW, "Put chord symbols below staff"},
+            {COMMAND_WAITEACHPAGE, "Wait for each page"},
             {COMMAND_STORESPACING, "Set current horiz/vert stretch/squeeze as default spacing"},
             {COMMAND_FONTSCALE, "Font size scaling factor (100%)..."},
             {},

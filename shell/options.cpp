@@ -14,6 +14,7 @@
 #include "shell/command_numbers.h"
 #include "shell/menu.h"
 #include "shell/play_options.h"
+#include "shell/print.h"
 
 namespace zarn
 {
@@ -104,6 +105,7 @@ void Options_ShowChecks()
     Menu_Check(COMMAND_ADJUSTALWAYS, bAutoLayout);
     Menu_Check(COMMAND_RECORD, IsRecording());
     Menu_Check(COMMAND_USECRLF, bUseCrlf);
+    Menu_Check(COMMAND_WAITEACHPAGE, fWaitEachPage);
     Menu_Check(COMMAND_CHORDSBELOW, bChordsBelowStaff);
     for (int32_t lStaff = 1; lStaff <= lHighestStaff; ++lStaff)
         Menu_Check(COMMAND_SHOWSTAFF + lStaff, IsVisible(lStaff));

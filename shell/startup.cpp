@@ -24,6 +24,7 @@
 #include "shell/page_commands.h"
 #include "shell/panels_shown.h"
 #include "shell/play_marker.h"
+#include "shell/print.h"
 #include "shell/record_command.h"
 #include "shell/tab_commands.h"
 
@@ -115,6 +116,7 @@ static void AskHowToBegin()
 bool StartUp(std::string_view szCommandLine)
 {
     Score_StartUp();
+    LoadSetting(&fWaitEachPage, "Wait for each page");
     LoadSetting(&bUseCrlf, szCrlfSetting);
     PlayMarker_LoadSetting();
     if (!MakeMainWindow())
@@ -139,7 +141,7 @@ void ShutDown()
     ShutDownMidi();
     hwndMain = nullptr;
     Panels_Forget();
-    Font_Renew();
+    Font_Free();
     Geometry_Free();
 }
 } // namespace zarn

@@ -17,10 +17,10 @@ constexpr double metresPerInch = 0.0254;
 constexpr double mostPictureSide = 32767; // what the painter's own coordinates reach
 } // namespace
 
-PdfDocument::PdfDocument(std::string_view sTitle, SIZE size) : size(size)
+PdfDocument::PdfDocument(std::string_view sTitle, Sheet const& sheet) : sheet(sheet)
 {
     buffer.open(QIODevice::WriteOnly);
-    QSizeF const inches(double{1} * size.cx / lPaperDpi, double{1} * size.cy / lPaperDpi);
+    QSizeF const inches(double{1} * sheet.size.cx / lPaperDpi, double{1} * sheet.size.cy / lPaperDpi);
     writer.setResolution(lPaperDpi * lFiner);
     writer.setPageSize(QPageSize(inches, QPageSize::Inch, QString(), QPageSize::FuzzyMatch));
     writer.setPageMargins(QMarginsF(0, 0, 0, 0));
@@ -30,8 +30,8 @@ PdfDocument::PdfDocument(std::string_view sTitle, SIZE size) : size(size)
 
 Surface* PdfDocument::StartPage()
 {
-    SurfaceTarget const paper{
-        .size = size, .scale = lFiner, .bRaster = false, .defaultEm = QtSurface().DefaultEm() * lPaperDpi / screenDpi};
+    SurfaceTarget paper = TargetOf(sheet, lFiner, false);
+    paper.defaultEm *= lPaperDpi / screenDpi;
     bGood = bGood && (bBegun ? writer.newPage() : surface.Begin(writer, paper));
     bBegun = true;
     return bGood ? &surface : nullptr;
@@ -67,19 +67,15 @@ Surface* PngDocument::StartPage()
     return &surface;
 }
 
-void PngDocument::EndPage()
-{
-    if (surface.IsActive())
-        surface.End();
-}
+bool PngDocument::EndPage() { return !surface.IsActive() || surface.End(); }
 
 bool PngDocument::Finish(std::string& sBytes)
 {
-    EndPage();
+    bool const bEnded = EndPage();
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    bool const bGood = bBegun && image.save(&buffer, "PNG");
+    bool const bGood = bBegun && bEnded && image.save(&buffer, "PNG");
     sBytes = bGood ? bytes.toStdString() : "The picture could not be made.";
     return bGood;
 }

@@ -13,14 +13,13 @@ namespace zarn
 class PdfDocument : public PagedSurface
 {
 public:
-    /// size in units of 1/300 inch.
-    PdfDocument(std::string_view sTitle, SIZE size);
+    PdfDocument(std::string_view sTitle, Sheet const& sheet);
     Surface* StartPage() override;
-    void EndPage() override {}
+    bool EndPage() override { return bGood; }
     bool Finish(std::string& sBytes) override;
 
 private:
-    SIZE size;
+    Sheet sheet;
     QByteArray bytes;
     QBuffer buffer{&bytes};
     QPdfWriter writer{&buffer};
@@ -36,7 +35,7 @@ public:
     PngDocument(SIZE size, int32_t lDpi);
     [[nodiscard]] bool IsGood() const { return !image.isNull(); } ///< false: too large
     Surface* StartPage() override;
-    void EndPage() override;
+    bool EndPage() override;
     bool Finish(std::string& sBytes) override;
 
 private:

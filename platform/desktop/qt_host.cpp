@@ -5,6 +5,9 @@
 #include "platform/desktop/documents.h"
 #include "platform/desktop/form_dialog.h"
 #include "platform/desktop/manual.h"
+#include "platform/desktop/modeless_box.h"
+#include "platform/desktop/preview.h"
+#include "platform/desktop/qt_printer.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -133,9 +136,25 @@ int32_t QtHost::Run()
     return lQuitCode;
 }
 
-std::unique_ptr<PagedSurface> QtHost::NewPdf(std::string_view sTitle, SIZE size)
+std::unique_ptr<PagedSurface> QtHost::NewPdf(std::string_view sTitle, Sheet const& sheet)
 {
-    return std::make_unique<PdfDocument>(sTitle, size);
+    return std::make_unique<PdfDocument>(sTitle, sheet);
+}
+
+std::unique_ptr<Printer> QtHost::DefaultPrinter() { return Printer_Default(); }
+
+std::unique_ptr<Dialog> QtHost::CreateModeless(Form const& form, std::function<void(int32_t lCommand)> onCommand)
+{
+    return std::make_unique<ModelessBox>(form, std::move(onCommand), DialogParent());
+}
+
+void QtHost::DispatchMessages() { QCoreApplication::processEvents(); }
+
+int32_t QtHost::ShowPages(PageSource& pages)
+{
+    bool const bPrint = Preview_Run(pages, DialogParent());
+    TakeFocusBack();
+    return bPrint ? IDOK : IDCANCEL;
 }
 
 std::unique_ptr<PagedSurface> QtHost::NewPng(SIZE size, int32_t lDpi)

@@ -42,11 +42,15 @@ public:
     void PostTask(std::function<void()> action) override;
     void PostEvent(Event const& event) override;
     [[nodiscard]] bool IsControlDown() override { return controlKey.IsDown(); }
+    std::unique_ptr<Printer> DefaultPrinter() override;
+    std::unique_ptr<PagedSurface> NewPdf(std::string_view sTitle, Sheet const& sheet) override;
+    std::unique_ptr<Dialog> CreateModeless(Form const& form, std::function<void(int32_t lCommand)> onCommand) override;
+    void DispatchMessages() override;
+    int32_t ShowPages(PageSource& pages) override;
 
     void SetDoor(Door* pNewDoor) override { pDoor = pNewDoor; }
     int32_t Run() override;
     SettingsStore* Settings() override { return &settings; }
-    std::unique_ptr<PagedSurface> NewPdf(std::string_view sTitle, SIZE size) override;
     std::unique_ptr<PagedSurface> NewPng(SIZE size, int32_t lDpi) override;
 
     [[nodiscard]] QtWindow* MainWindow() const { return pWindow.get(); }

@@ -72,6 +72,16 @@ QFont Face(int pixelSize, bool bBold)
 }
 } // namespace
 
+SurfaceTarget TargetOf(Sheet const& sheet, double scale, bool bRaster)
+{
+    SIZE const box = sheet.BoxSize();
+    return {.size = box,
+            .scale = scale,
+            .bRaster = bRaster,
+            .origin = {sheet.box.left, sheet.box.top},
+            .edges = {sheet.size.cx - box.cx, sheet.size.cy - box.cy}};
+}
+
 bool QtSurface::Begin(QPaintDevice& device, SurfaceTarget const& onWhat)
 {
     target = onWhat;
@@ -96,10 +106,7 @@ QRect QtSurface::TakeTouched()
 }
 
 /// Cut to the surface: a place may lie far beyond what Qt's whole numbers hold.
-void QtSurface::Touch(QRectF const& onDevice)
-{
-    touched |= onDevice & QRectF(0, 0, target.size.cx * target.scale, target.size.cy * target.scale);
-}
+void QtSurface::Touch(QRectF const& onDevice) { touched |= onDevice & Device(); }
 
 /// The box that a stroke along this one's edge reaches.
 QRectF QtSurface::WithPen(QRectF const& onDevice, Pen const& pen) const
@@ -155,7 +162,7 @@ void QtSurface::Ellipse(RECT box, Pen const& pen, Brush const& brush)
     UseBrush(brush);
     double const within = bSolid ? 0 : 0.5; // a pen runs along the middle of the outermost pixels
     QRectF const outline = whole.adjusted(within, within, -within, -within);
-    QRectF const onDevice(outline.topLeft() * target.scale, outline.size() * target.scale);
+    QRectF const onDevice = Exact(outline);
     Touch(WithPen(onDevice, pen));
     if (target.bRaster)
         painter.drawEllipse(onDevice);
@@ -180,25 +187,36 @@ void QtSurface::Text(double x, double baseline, std::string_view sText, TextStyl
     constexpr double mostPixels = 1000; // beyond it the painter's scale does the rest
     double const pixels = std::clamp(std::round(style.emPixels), 1.0, mostPixels);
     double const ratio = target.scale * style.emPixels / pixels;
-    painter.setWorldTransform(
-        QTransform(ratio * style.stretch, 0, 0, ratio, x * target.scale, baseline * target.scale));
+    QPointF const start = OnDevice(QPointF(x, baseline));
+    painter.setWorldTransform(QTransform(ratio * style.stretch, 0, 0, ratio, start.x(), start.y()));
     painter.setFont(Face(static_cast<int>(pixels), style.bBold));
     painter.setPen(ColorOf(style.color));
     penInUse.reset();
     painter.drawText(QPointF(0, 0), ToQt(sText));
     painter.resetTransform();
     constexpr double tallest = 2; // ems of the face above its baseline, and below
-    double const em = style.emPixels;
-    Touch({(x - em) * target.scale, (baseline - tallest * em) * target.scale, target.size.cx * target.scale,
-           2 * tallest * em * target.scale});
+    double const em = style.emPixels * target.scale;
+    Touch({start.x() - em, start.y() - tallest * em, Device().width(), 2 * tallest * em});
 }
 
 void QtSurface::Fill(RECT box, COLORREF color) { FillBox(ToQt(box), color); }
 
+QRectF QtSurface::Device() const
+{
+    return {0, 0, (target.size.cx + target.edges.cx) * target.scale, (target.size.cy + target.edges.cy) * target.scale};
+}
+
+QPointF QtSurface::OnDevice(QPointF place) const
+{
+    return (place + QPointF(target.origin.x, target.origin.y)) * target.scale;
+}
+
+QRectF QtSurface::Exact(QRectF const& box) const { return {OnDevice(box.topLeft()), box.size() * target.scale}; }
+
 /// The box in device pixels: on a raster whole ones, one at least.
 QRectF QtSurface::OnDevice(QRectF const& box) const
 {
-    QRectF const exact(box.topLeft() * target.scale, box.size() * target.scale);
+    QRectF const exact = Exact(box);
     if (!target.bRaster)
         return exact;
     return {std::round(exact.left()), std::round(exact.top()), std::max(std::round(exact.width()), 1.0),
@@ -222,8 +240,8 @@ void QtSurface::FrameBox(QRectF const& outer, double width, COLORREF color)
 void QtSurface::FillOnDevice(QRectF const& box, COLORREF color)
 {
     // Cut to the surface first: a box may reach far beyond what Qt's whole numbers hold.
-    QRectF const surface(0, 0, std::ceil(target.size.cx * target.scale), std::ceil(target.size.cy * target.scale));
-    QRectF const visible = box & surface;
+    QRectF const device = Device();
+    QRectF const visible = box & QRectF(0, 0, std::ceil(device.width()), std::ceil(device.height()));
     if (visible.isEmpty())
         return;
     Touch(visible);
@@ -237,10 +255,7 @@ void QtSurface::FillOnDevice(QRectF const& box, COLORREF color)
     painter.drawRect(visible);
 }
 
-QPointF QtSurface::Middle(POINT place) const
-{
-    return {(place.x + 0.5) * target.scale, (place.y + 0.5) * target.scale};
-}
+QPointF QtSurface::Middle(POINT place) const { return OnDevice(QPointF(place.x + 0.5, place.y + 0.5)); }
 
 void QtSurface::UsePen(Pen const& pen)
 {

@@ -1,6 +1,6 @@
 /// Drawing on anything that Qt can paint: the window's image, a picture, a page of a PDF.
 #pragma once
-#include "platform/gdi.h"
+#include "platform/paged_surface.h"
 
 #include <QPainter>
 #include <optional>
@@ -10,11 +10,16 @@ namespace zarn
 /// What a surface is made for.
 struct SurfaceTarget
 {
-    SIZE size;             ///< in pixels of the drawing
-    double scale = 1;      ///< device pixels to one pixel of the drawing
-    bool bRaster = true;   ///< false for paper and PDF, which have no pixels to snap to
-    double defaultEm = 13; ///< em of a text that asks for no size, in pixels of the drawing
+    SIZE size;                   ///< in pixels of the drawing
+    double scale = 1;            ///< device pixels to one pixel of the drawing
+    bool bRaster = true;         ///< false for paper and PDF, which have no pixels to snap to
+    double defaultEm = screenEm; ///< em of a text that asks for no size, in pixels of the drawing
+    POINT origin = {};           ///< where the drawing begins on the device, in pixels of the drawing
+    SIZE edges = {};             ///< what the device has besides size: the free edges of a sheet
 };
+
+/// The target that a sheet is, one pixel of the drawing being scale device pixels.
+[[nodiscard]] SurfaceTarget TargetOf(Sheet const& sheet, double scale, bool bRaster);
 
 /// Pixel (x, y) of the drawing covers the square from (x, y) to (x + 1, y + 1), whatever the scale. Draws nothing
 /// outside of Begin and End.
@@ -38,6 +43,9 @@ public:
     double DefaultEm() const override { return target.defaultEm; }
 
 private:
+    [[nodiscard]] QRectF Device() const; ///< all of it, in device pixels
+    [[nodiscard]] QPointF OnDevice(QPointF place) const;
+    [[nodiscard]] QRectF Exact(QRectF const& box) const;
     [[nodiscard]] QRectF OnDevice(QRectF const& box) const;
     void FillBox(QRectF const& box, COLORREF color);
     void FillOnDevice(QRectF const& box, COLORREF color);

@@ -182,6 +182,15 @@ void QtWindow::Destroy()
     frame.hide();
 }
 
+/// Not the frame itself: a box that stands over it would be disabled with it.
+void QtWindow::Enable(bool bOn)
+{
+    frame.menuBar()->setEnabled(bOn);
+    frame.centralWidget()->setEnabled(bOn);
+    if (bOn)
+        TakeFocus();
+}
+
 void QtWindow::Post(void (*pAction)())
 {
     if (bOnScreen)

@@ -46,6 +46,7 @@ public:
     void CheckItem(int32_t lCommand, bool bOn) override { menu.Check(lCommand, bOn); }
     void EnableItem(int32_t lCommand, bool bOn) override { menu.Enable(lCommand, bOn); }
     void SetItemText(int32_t lCommand, std::string_view sText) override { menu.SetText(lCommand, sText); }
+    void Enable(bool bOn) override;
     void Destroy() override; ///< it stays good as long as its host, and is no longer seen
     /// Runs the action from the message loop, once the window has been painted.
     void Post(void (*pAction)()) override;

@@ -51,6 +51,7 @@ public:
     void EnableItem(int32_t lCommand, bool bOn) override { items[lCommand].bGrey = !bOn; }
     void SetItemText(int32_t lCommand, std::string_view sText) override { items[lCommand].sText = sText; }
     void Destroy() override { bDestroyed = true; }
+    void Enable(bool bOn) override { bEnabled = bOn; }
     void Post(void (*pAction)()) override { aPosted.push_back(pAction); } ///< called by the next RunLoop
 
     /// What a message loop does between two events: pays a repaint that is owed, calls what was posted, and pays what
@@ -73,6 +74,7 @@ public:
     int32_t cCursors = 0;       ///< symbol pointers made
     Surface* pCursor = nullptr; ///< where the symbol pointer is drawn; null for nowhere
     std::string sStatus;
+    bool bEnabled = true;
     bool bDestroyed = false; ///< it stays good as long as its host, and paints no more
     int32_t lScrollRange = 0;
     int32_t lScrollPlace = 0;

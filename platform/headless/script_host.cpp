@@ -146,6 +146,63 @@ void ScriptHost::RunPosted()
     }
 }
 
+namespace
+{
+class ScriptPrinter : public Printer
+{
+public:
+    explicit ScriptPrinter(VirtualPrinter& printer) : printer(printer) {}
+    [[nodiscard]] Sheet Paper() const override { return printer.paper; }
+    std::unique_ptr<PagedSurface> StartDoc(std::string_view sTitle, std::function<bool()>) override
+    {
+        if (printer.fault == VirtualPrinter::Fault::STARTDOC)
+            return nullptr;
+        return std::make_unique<VirtualDocument>(sTitle, printer, true);
+    }
+
+private:
+    VirtualPrinter& printer;
+};
+} // namespace
+
+std::unique_ptr<Printer> ScriptHost::DefaultPrinter()
+{
+    return printer.bThere ? std::make_unique<ScriptPrinter>(printer) : nullptr;
+}
+
+std::unique_ptr<PagedSurface> ScriptHost::NewPdf(std::string_view sTitle, Sheet const&)
+{
+    return bPdfWorks ? std::make_unique<VirtualDocument>(sTitle, printer, false) : nullptr;
+}
+
+std::unique_ptr<Dialog> ScriptHost::CreateModeless(Form const& form, std::function<void(int32_t lCommand)> onCommand)
+{
+    return bFormsWork ? std::make_unique<HeadlessDialog>(form, std::move(onCommand), &pDialog) : nullptr;
+}
+
+void ScriptHost::DispatchMessages()
+{
+    if (pOnDispatch)
+        pOnDispatch();
+    RunPosted();
+}
+
+int32_t ScriptHost::ShowPages(PageSource& pages)
+{
+    aShownPages.clear();
+    for (int32_t lPage = 1; lPage <= pages.Count(); ++lPage)
+    {
+        RecordingSurface surface(pages.Paper().BoxSize());
+        pages.Draw(lPage, surface);
+        aShownPages.push_back(surface.All());
+    }
+    bool const bPrint = !answers.empty() && answers.front().kind == Answer::OK;
+    if (bPrint || (!answers.empty() && answers.front().kind == Answer::CANCEL))
+        answers.pop_front();
+    Show({"Print preview", "Print preview", 0, true, bPrint ? "ok" : "cancel"});
+    return bPrint ? IDOK : IDCANCEL;
+}
+
 bool ScriptHost::ShowHelp(std::string_view sFile)
 {
     aHelped.emplace_back(sFile);

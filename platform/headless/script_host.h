@@ -1,8 +1,10 @@
 /// The host without a window: a script of answers, and a log of what was shown.
 #pragma once
 #include "platform/answer.h"
+#include "platform/headless/headless_dialog.h"
 #include "platform/headless/headless_panel.h"
 #include "platform/headless/headless_window.h"
+#include "platform/headless/virtual_printer.h"
 #include "platform/host.h"
 
 #include <atomic>
@@ -51,6 +53,11 @@ public:
     void PostTask(std::function<void()> action) override;
     void PostEvent(Event const& event) override;
     [[nodiscard]] bool IsControlDown() override { return bControlDown; }
+    std::unique_ptr<Printer> DefaultPrinter() override;
+    std::unique_ptr<PagedSurface> NewPdf(std::string_view sTitle, Sheet const& sheet) override;
+    std::unique_ptr<Dialog> CreateModeless(Form const& form, std::function<void(int32_t lCommand)> onCommand) override;
+    void DispatchMessages() override;
+    int32_t ShowPages(PageSource& pages) override; ///< takes `ok` to print
 
     /// The clock goes on, and the timers that fall due call, in the order of their times.
     void Advance(uint32_t cMilliseconds);
@@ -81,6 +88,12 @@ public:
     std::function<void(int32_t lDone, int32_t lTotal)> pOnProgress;
     /// Called with each message and question as it is shown; for a command line that tells its user.
     std::function<void(Shown const&)> pOnShown;
+
+    VirtualPrinter printer;               ///< there is none until a test says so
+    bool bPdfWorks = false;               ///< true: PDF documents are the printer's pages as text
+    HeadlessDialog* pDialog = nullptr;    ///< the box that is open and that the program doesn't wait for
+    std::function<void()> pOnDispatch;    ///< called whenever the program lets in what waits, ahead of that
+    std::vector<std::string> aShownPages; ///< of the last ShowPages, in the words of RecordingSurface
 
     /// The texts of `shown`, for tests.
     [[nodiscard]] std::vector<std::string> Messages() const;

@@ -55,12 +55,12 @@ TEST(PngDocument, WithoutAPageThereIsNoPicture)
 
 TEST(PdfDocument, HasEveryPageItsSizeAndItsTitle)
 {
-    PdfDocument document("Greensleeves", {2480, 3508});
+    PdfDocument document("Greensleeves", sheetA4);
     for (int32_t lPage = 0; lPage < 3; ++lPage)
     {
         Surface* const pPage = document.StartPage();
         ASSERT_NE(pPage, nullptr);
-        EXPECT_EQ(pPage->Size(), (SIZE{2480, 3508}));
+        EXPECT_EQ(pPage->Size(), (SIZE{2232, 3158})) << "the edges stay free";
         DrawStaffLine(*pPage);
         document.EndPage();
     }
@@ -74,14 +74,14 @@ TEST(PdfDocument, HasEveryPageItsSizeAndItsTitle)
 
 TEST(PdfDocument, TextWithNoSizeOfItsOwnIsAsLargeAsOnTheScreen)
 {
-    PdfDocument pdf("", {2480, 3508});
+    PdfDocument pdf("", sheetA4);
     PngDocument png({600, 400}, 192);
     EXPECT_DOUBLE_EQ(pdf.StartPage()->DefaultEm() / 300, png.StartPage()->DefaultEm() / 96);
 }
 
 TEST(PdfDocument, WithoutAPageThereIsNoDocument)
 {
-    PdfDocument document("Greensleeves", {2480, 3508});
+    PdfDocument document("Greensleeves", sheetA4);
     std::string sBytes;
     EXPECT_FALSE(document.Finish(sBytes));
     EXPECT_EQ(sBytes, "The PDF could not be made.");

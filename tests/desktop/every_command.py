@@ -18,6 +18,7 @@ NEVER = [("Symbols", "Notes", "Brieve\t1"), ("Symbols", "Rests", "Brieve rest\tS
 # What the commands have to say to this score, the first line of each; anything else is a message too many.
 MESSAGES = {
     "Zarn version ",
+    "Zarn Print: Couldn't get a printer DC",
     "You must mark the section to be slurred (See Edit menu) before you can slur it",
     "Mark the section to transpose first",
     "Using device 'Built-in synthesizer' (only device available)",

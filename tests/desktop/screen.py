@@ -30,12 +30,13 @@ SCREEN = (1000, 700)
 
 
 def own_environment(folder):
-    """What a user's session has, without anything of the session that runs the tests."""
-    env = {k: os.environ[k] for k in os.environ if not k.startswith(("QT_", "XDG_", "DBUS_", "WAYLAND_", "AT_SPI_"))}
-    env.update(HOME=folder, XDG_RUNTIME_DIR=folder, LC_ALL="C.UTF-8", QT_QPA_PLATFORM="xcb")
+    """What a user's session has, without anything of the session that runs the tests, and without its printers."""
+    foreign = ("QT_", "XDG_", "DBUS_", "WAYLAND_", "AT_SPI_", "CUPS_", "DISPLAY", "LPDEST", "PRINTER")
+    env = {k: os.environ[k] for k in os.environ if not k.startswith(foreign)}
+    env.update(HOME=folder, XDG_RUNTIME_DIR=folder, LC_ALL="C.UTF-8", QT_QPA_PLATFORM="xcb",
+               CUPS_SERVER=os.path.join(folder, "no-print-service"))
     # No MIDI ports, and a synthesizer that nobody hears.
     env.update(ALSA_CONFIG_PATH=os.devnull, JACK_DEFAULT_SERVER="zarn-none", ZARN_SOUND_DRIVER="none")
-    env.pop("DISPLAY", None)
     return env
 
 

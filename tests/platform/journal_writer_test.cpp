@@ -50,6 +50,27 @@ struct Program : Door
 };
 } // namespace
 
+TEST_F(JournalFile, WhatEndedThePreviewIsWrittenAsAnAnswer)
+{
+    struct NoPages : PageSource
+    {
+        [[nodiscard]] int32_t Count() const override { return 0; }
+        [[nodiscard]] Sheet Paper() const override { return sheetA4; }
+        void Draw(int32_t, Surface&) override {}
+    } pages;
+    test::ScriptedProcess process;
+    Program program;
+    JournalHost recorder(process.user, program, journal);
+    process.user.answers = {{.kind = Answer::OK}, {.kind = Answer::CANCEL}};
+    program.act = [&](Event const&)
+    {
+        EXPECT_EQ(recorder.ShowPages(pages), IDOK);
+        EXPECT_EQ(recorder.ShowPages(pages), IDCANCEL);
+    };
+    recorder.Receive(Command(16));
+    EXPECT_EQ(Written(), "answer ok\nanswer cancel\ncommand 16\n");
+}
+
 TEST_F(JournalFile, AnEventIsWrittenBeforeItIsHandled)
 {
     journal.BeginEvent(Command(1));

@@ -2,13 +2,23 @@
 
 #include "core/score.h"
 #include "layout/adjust.h"
+#include "layout/place.h"
+#include "layout/right_justify.h"
+#include "platform/headless/recording_surface.h"
+#include "platform/headless/virtual_printer.h"
+#include "platform/page_record.h"
+#include "render/document_pages.h"
+#include "render/draw_score.h"
+#include "render/font.h"
 #include "render/geometry.h"
 #include "support/drawing.h"
+#include "support/random_score.h"
 #include "support/score_text.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <random>
 
 namespace zarn
 {
@@ -45,13 +55,18 @@ class InkSink : public PageSink
 {
 public:
     explicit InkSink(SIZE size) : surface(size) { dc.pSurface = &surface; }
+    [[nodiscard]] SIZE Size() const { return surface.Size(); }
     HDC StartPage(int32_t) override
     {
         SelectObject(&dc, GetStockObject(BLACK_BRUSH));
         surface.lLowest = 0;
         return &dc;
     }
-    void EndPage(HDC) override { aLowest.push_back(surface.lLowest); }
+    bool EndPage(HDC) override
+    {
+        aLowest.push_back(surface.lLowest);
+        return true;
+    }
 
     std::vector<int32_t> aLowest; ///< by page
 private:
@@ -100,4 +115,106 @@ TEST_F(Pages, ASystemTallerThanThePageHasAPageOfItsOwn)
     EXPECT_EQ(LowestByPage(60).size(), 3U);
 }
 
+TEST_F(Pages, NoScoreOfAnyKindIsCutAtTheFootOfAPage)
+{
+    std::mt19937 random(20);
+    for (int32_t n = 0; n < 60; ++n)
+    {
+        for (int32_t lStaff = 1; lStaff <= 3; ++lStaff)
+            List_Clear(aStaffList[lStaff]);
+        SetStaffCount(n % 3 + 1);
+        for (int32_t lStaff = 1; lStaff <= n % 3 + 1; ++lStaff)
+            test::WriteRandomStaff(random, lStaff, 400);
+        bTabShowing = n % 6 == 3;
+        bRightJustified = n % 4 == 1;
+        FullAdjust();
+        InkSink sink(sheetA4.BoxSize());
+        int32_t const cPages = DrawPages(sink, {sink.Size().cx, sink.Size().cy, true, 0});
+        EXPECT_EQ(static_cast<int32_t>(sink.aLowest.size()), cPages);
+        for (int32_t const lLowest : sink.aLowest)
+            EXPECT_LE(lLowest, sink.Size().cy) << "score " << n;
+    }
+    bTabShowing = bRightJustified = false;
+}
+
+/// The columns where pages begin, and what is drawn on them.
+TEST_F(Pages, APageIsWhatAPlainDrawingOfItsColumnsShows)
+{
+    std::mt19937 random(3);
+    for (int32_t n = 0; n < 20; ++n)
+    {
+        List_Clear(aStaffList[1]);
+        List_Clear(aStaffList[2]);
+        SetStaffCount(2);
+        test::WriteRandomStaff(random, 1, 600);
+        test::WriteRandomStaff(random, 2, 500);
+        bRightJustified = n % 2 == 1;
+        FullAdjust();
+        BeginPrintUnits(1200, 900, true);
+        Font_BeginPrint();
+        int32_t lFrom = 0;
+        for (bool fFirst = true; lFrom != lEndOfScore; fFirst = false)
+        {
+            RecordingSurface page({1200, 900});
+            DeviceContext dc{.pSurface = &page};
+            int32_t const lTo = DrawPage(&dc, fFirst);
+            EXPECT_EQ(lTo, lPageEnd);
+
+            ReGrid();
+            RecordingSurface plain({1200, 900});
+            DeviceContext plainDc{.pSurface = &plain};
+            SelectObject(&plainDc, GetStockObject(BLACK_BRUSH));
+            Font_Select(&plainDc);
+            plainDc.defaultEm = dc.defaultEm;
+            bool const bMore = DrawScore(&plainDc, nullptr, lFrom, lTo);
+            EXPECT_EQ(page.All(), plain.All()) << "score " << n << " from " << lFrom;
+            EXPECT_EQ(bMore, lTo != lEndOfScore);
+            if (bMore)
+                lScroll += SystemHeight() * ((lTo - lFrom) / lColsPerLine);
+            lFrom = lTo;
+        }
+        Font_EndPrint();
+        EndPrintUnits();
+    }
+    bRightJustified = false;
+}
+
+TEST_F(Pages, OneAloneIsTheSameAsAmongTheOthers)
+{
+    for (int32_t n = 0; n < 30; ++n)
+        WriteLines({"clef:1 n4/48 n9/24 text\"x\" n-3/24"});
+    VirtualPrinter printer;
+    VirtualDocument all("", printer, true);
+    int32_t const cPages = DrawDocument(all, {2232, 3158, true, 0});
+    std::string sIgnored;
+    ASSERT_TRUE(all.Finish(sIgnored));
+    ASSERT_GT(cPages, 2);
+    for (int32_t lPage = 1; lPage <= cPages; ++lPage)
+    {
+        VirtualDocument one("", printer, true);
+        EXPECT_EQ(DrawDocument(one, {2232, 3158, true, lPage}), cPages);
+        ASSERT_TRUE(one.Finish(sIgnored));
+        ASSERT_EQ(printer.aPrinted.back().aPages.size(), 1U);
+        EXPECT_EQ(printer.aPrinted.back().aPages[0], printer.aPrinted[0].aPages[static_cast<size_t>(lPage) - 1]);
+    }
+}
+
+TEST_F(Pages, ARecordPlaysWhatItWasDrawn)
+{
+    WriteLines({"clef:1 key:2 time:4/4 n4/48 n9/24 text\"x\" n-3/24 n-3/24 slur( n-4/48 n-6/48 slur)"});
+    PageRecord record({1200, 800});
+    RecordingSurface direct({1200, 800});
+    for (Surface* const pSurface : {static_cast<Surface*>(&record), static_cast<Surface*>(&direct)})
+    {
+        DeviceContext dc{.pSurface = pSurface};
+        Ellipse(&dc, 1, 2, 30, 40);
+        FillRect(&dc, {1, 1, 2, 2}, GetStockObject(BLACK_BRUSH));
+        DrawVisible(&dc, nullptr);
+    }
+    RecordingSurface played({1200, 800});
+    record.Play(played);
+    EXPECT_EQ(played.aLines, direct.aLines);
+    EXPECT_GT(direct.aLines.size(), 20U);
+    EXPECT_EQ(record.Size(), (SIZE{1200, 800}));
+}
 } // namespace zarn

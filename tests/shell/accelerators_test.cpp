@@ -17,6 +17,7 @@ TEST(Accelerators, EachKeyStandsForItsCommand)
                        {"N", true, true, false, COMMAND_NEW},
                        {"o", false, true, false, COMMAND_OPEN},
                        {"s", false, true, false, COMMAND_SAVE},
+                       {"p", false, true, false, COMMAND_PRINT},
                        {"a", false, false, false, COMMAND_FULLADJUST},
                        {"p", false, false, false, COMMAND_PLAY},
                        {"P", true, false, false, COMMAND_PLAY},

@@ -40,7 +40,7 @@ public:
         canvas.surface.aLines.push_back("page " + std::to_string(lPage));
         return &canvas.dc;
     }
-    void EndPage(HDC) override {}
+    bool EndPage(HDC) override { return true; }
     Canvas canvas;
 };
 } // namespace

@@ -14,6 +14,7 @@
 #include "shell/door.h"
 #include "shell/file_names.h"
 #include "shell/modes.h"
+#include "shell/print.h"
 #include "shell/startup.h"
 #include "support/score_text.h"
 #include "support/scripted_process.h"
@@ -42,6 +43,7 @@ struct Shell : testing::Test
         bShowArpeggio = true;
         lFontScale = -1;
         fMouseMode = 1;
+        fWaitEachPage = 0;
         bEditMode = false;
         fClarinetTranspose = fGuitarTranspose = false;
         elSavedCurrent = RoomyElement();
