@@ -6,8 +6,12 @@
 #include "platform/desktop_module.h"
 #include "platform/journal_host.h"
 #include "platform/program_sound.h"
+#include "platform/user_folders.h"
 #include "shell/door.h"
 #include "shell/startup.h"
+
+#include <cstdlib>
+#include <filesystem>
 
 namespace zarn
 {
@@ -23,6 +27,24 @@ static int32_t RunProgram(Options const& options, DesktopHost& desktop)
     return lCode;
 }
 
+/// The window that opens it may stand in another folder.
+static std::string WholePath(std::string const& szName)
+{
+    std::error_code error;
+    std::filesystem::path const whole = std::filesystem::absolute(szName, error);
+    return error ? szName : whole.string();
+}
+
+/// ZARN_AUTOSAVE_SECONDS, 1 to 86400, sets how often; anything else leaves it at two minutes.
+static void KeepSafetyCopies()
+{
+    host.szStateFolder = UserStateFolder();
+    char const* const szSeconds = std::getenv("ZARN_AUTOSAVE_SECONDS");
+    int const lSeconds = szSeconds ? std::atoi(szSeconds) : 0;
+    if (lSeconds >= 1 && lSeconds <= 86400)
+        host.cAutosaveMs = static_cast<uint32_t>(lSeconds) * 1000;
+}
+
 int32_t Editor_Run(Options const& options, DesktopHost& desktop)
 {
     ShellDoor door;
@@ -34,9 +56,15 @@ int32_t Editor_Run(Options const& options, DesktopHost& desktop)
     host.pDoor = &door;
     if (options.sJournal.empty())
     {
+        if (!options.aFiles.empty() && desktop.HandOver(WholePath(options.aFiles[0])))
+            return lStatusGood;
         desktop.SetDoor(&door);
+        desktop.TakeHandedOver();
+        KeepSafetyCopies();
         return RunProgram(options, desktop);
     }
+
+    // What a journal tells can be played back anywhere: so nothing of other sessions comes into it.
 
     JournalWriter journal;
     if (!journal.Open(options.sJournal))

@@ -38,4 +38,23 @@ int32_t LoadSetting(bool* pbValue, std::string_view szName)
         *pbValue = lValue != 0;
     return lResult;
 }
+
+void SaveTexts(std::vector<std::string> const& aTexts, std::string_view szName)
+{
+    HKEY hKey = nullptr;
+    if (RegCreateKeyExA(HKEY_CURRENT_USER, sKey, &hKey) != ERROR_SUCCESS)
+        return;
+    (void)hKey->WriteTexts(szName, aTexts);
+    RegCloseKey(hKey);
+}
+
+std::vector<std::string> LoadTexts(std::string_view szName)
+{
+    HKEY hKey = nullptr;
+    if (RegCreateKeyExA(HKEY_CURRENT_USER, sKey, &hKey) != ERROR_SUCCESS)
+        return {};
+    std::vector<std::string> aTexts = hKey->ReadTexts(szName);
+    RegCloseKey(hKey);
+    return aTexts;
+}
 } // namespace zarn

@@ -4,7 +4,9 @@
 /// at once, so a crash loses nothing. Main thread.
 #pragma once
 #include <cstdint>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace zarn
 {
@@ -16,4 +18,9 @@ int32_t LoadSetting(int32_t* plValue, std::string_view szName);
 
 /// The same for an option that is on or off.
 int32_t LoadSetting(bool* pbValue, std::string_view szName);
+
+/// What the program remembers in words, such as the files that were open last, under names apart from the settings'.
+/// A failure is ignored.
+void SaveTexts(std::vector<std::string> const& aTexts, std::string_view szName);
+[[nodiscard]] std::vector<std::string> LoadTexts(std::string_view szName); ///< empty when there is none
 } // namespace zarn

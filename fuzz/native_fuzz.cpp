@@ -58,7 +58,9 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const* pBytes, size_t cb)
     static MapStore settings;
     static bool const bStarted = []
     {
-        host = {.pUser = &user, .pSettings = &settings, .pDoor = nullptr};
+        host = Host{};
+        host.pUser = &user;
+        host.pSettings = &settings;
         Score_CreateLists();
         return true;
     }();

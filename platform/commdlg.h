@@ -20,8 +20,9 @@ struct FileDialog
     char const* sTitle = "";
     char const* sDefaultExtension = ".zrn";
     std::vector<FileFilter> aFilters = {};
-    int32_t lFilter = 1;     ///< in and out, from 1
-    std::string szFile = {}; ///< in and out
+    int32_t lFilter = 1;       ///< in and out, from 1
+    std::string szFile = {};   ///< in and out
+    std::string szFolder = {}; ///< where it starts while szFile is empty; empty: in the current folder
 };
 
 [[nodiscard]] bool GetOpenFileNameA(HWND hwnd, FileDialog& dialog); ///< false when the user cancelled

@@ -19,6 +19,12 @@ public:
     virtual void SetDoor(Door* pDoor) = 0;
     /// The message loop; gives the code handed to Quit.
     virtual int32_t Run() = 0;
+    /// Hands a file to a window of this user's that stands on the same display already. True when that one has taken
+    /// it; false when there is none, it is busy with a question, or doesn't answer in time.
+    virtual bool HandOver(std::string_view szPath) = 0;
+    /// Takes files that later starts hand over: each reaches the door as if dropped on the window. Where another window
+    /// takes them already, nothing happens.
+    virtual void TakeHandedOver() = 0;
     /// The user's stored settings; as long as the host.
     virtual SettingsStore* Settings() = 0;
     /// A PNG picture, one page. size is the drawing's, in pixels of 1/96 inch; the picture has lDpi pixels to the inch.

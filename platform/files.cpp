@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -289,11 +290,30 @@ mode_t NewFileMode()
     return 0666 & ~lMask;
 }
 
-/// Where a path leads once all links are followed; the path itself when nothing is there yet.
-std::string FollowLinks(std::string const& sPath)
+/// Where a path leads once the links at its end are followed, also when nothing is there yet; empty when they go round
+/// for ever.
+std::string FollowLinks(std::string sPath)
 {
-    std::unique_ptr<char, decltype(&std::free)> const sReal(::realpath(sPath.c_str(), nullptr), &std::free);
-    return sReal ? sReal.get() : sPath;
+    constexpr int cMostLinks = 40; // as the system itself
+    for (int i = 0; i < cMostLinks; ++i)
+    {
+        std::array<char, PATH_MAX> aLink;
+        ssize_t const cb = ::readlink(sPath.c_str(), aLink.data(), aLink.size());
+        if (cb <= 0)
+            return sPath;
+        std::string const sLink(aLink.data(), static_cast<size_t>(cb));
+        sPath = sLink[0] == '/' ? sLink : sPath.substr(0, sPath.rfind('/') + 1) + sLink;
+    }
+    return {};
+}
+
+/// What stood there hands its owner and permissions on, as far as the user may do so. The owner first: a change of
+/// owner takes permissions away.
+void TakeAfter(int fd, struct stat const& about)
+{
+    if ((about.st_uid != ::geteuid() || about.st_gid != ::getegid()) && ::fchown(fd, about.st_uid, about.st_gid) != 0)
+        (void)!::fchown(fd, static_cast<uid_t>(-1), about.st_gid);
+    (void)::fchmod(fd, about.st_mode & 07777);
 }
 } // namespace
 
@@ -314,16 +334,17 @@ HFILE _lopen(std::string_view szPath)
 
 HFILE _lcreat(std::string_view szPath)
 {
-    std::string const sTarget = FollowLinks(std::string(szPath));
+    std::string const sPath(szPath);
     struct stat about = {};
-    bool const bThere = ::stat(sTarget.c_str(), &about) == 0;
-    if (bThere && (S_ISDIR(about.st_mode) || ::access(sTarget.c_str(), W_OK) != 0))
+    bool const bThere = ::stat(sPath.c_str(), &about) == 0;
+    if (bThere && (S_ISDIR(about.st_mode) || ::access(sPath.c_str(), W_OK) != 0))
         return nullptr;
     if (bThere && !S_ISREG(about.st_mode))
     {
-        int const fd = ::open(sTarget.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK);
+        int const fd = ::open(sPath.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK);
         return fd < 0 ? nullptr : new DiskWriter(fd, {}, {});
     }
+    std::string const sTarget = FollowLinks(sPath);
     size_t const lName = sTarget.rfind('/') + 1; // 0 when there is no folder
     if (lName == sTarget.size())
         return nullptr;
@@ -331,7 +352,10 @@ HFILE _lcreat(std::string_view szPath)
     int const fd = ::mkostemp(sTemp.data(), O_CLOEXEC);
     if (fd < 0)
         return nullptr;
-    (void)::fchmod(fd, bThere ? about.st_mode & 07777 : NewFileMode());
+    if (bThere)
+        TakeAfter(fd, about);
+    else
+        (void)::fchmod(fd, NewFileMode());
     return new DiskWriter(fd, std::move(sTemp), sTarget);
 }
 
@@ -379,6 +403,14 @@ FileWritten File_WriteWhole(std::string_view szPath, std::string_view sBytes)
         sBytes.remove_prefix(static_cast<size_t>(cb));
     }
     return _lclose(hFile) && bGood ? FileWritten::WHOLE : FileWritten::FAILED;
+}
+
+std::optional<FileStamp> File_StampOf(std::string const& szPath)
+{
+    struct stat about = {};
+    if (::stat(szPath.c_str(), &about) != 0 || !S_ISREG(about.st_mode))
+        return std::nullopt;
+    return FileStamp{about.st_mtim.tv_sec, about.st_mtim.tv_nsec, about.st_size};
 }
 
 bool DeleteFileA(std::string_view szPath) { return ::unlink(std::string(szPath).c_str()) == 0; }

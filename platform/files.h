@@ -5,6 +5,7 @@
 /// file. Paths are UTF-8. Main thread.
 #pragma once
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,7 +20,8 @@ constexpr int32_t FILE_END = 2;
 
 /// To read; null when it can't be read, or is no plain file (a folder, a pipe).
 [[nodiscard]] HFILE _lopen(std::string_view szPath);
-/// To write, and to seek in; null when it can't be replaced, or is a folder. A link stays and leads to the new file.
+/// To write, and to seek in; null when it can't be replaced, or is a folder. A link stays and leads to the new file,
+/// which has the permissions of the one it replaces, and its owner where the user may hand it on.
 /// What can't be replaced, such as a terminal or /dev/null, is written as it stands.
 [[nodiscard]] HFILE _lcreat(std::string_view szPath);
 /// Up to cb bytes; gives how many came, 0 at the end, -1 on failure or for a negative cb. Reads are buffered.
@@ -39,6 +41,15 @@ enum class FileWritten
 };
 /// Makes a file of these bytes.
 [[nodiscard]] FileWritten File_WriteWhole(std::string_view szPath, std::string_view sBytes);
+/// What changes with a file's content: when it was written, and how long it is.
+struct FileStamp
+{
+    int64_t lSeconds = 0;
+    int64_t lNanoseconds = 0;
+    int64_t cbSize = 0;
+    friend bool operator==(FileStamp const&, FileStamp const&) = default;
+};
+[[nodiscard]] std::optional<FileStamp> File_StampOf(std::string const& szPath); ///< nothing where no plain file is
 bool DeleteFileA(std::string_view szPath);
 bool MoveFileA(std::string_view szFrom, std::string_view szTo); ///< false when the target is there
 /// Makes an empty file with a name that begins with the prefix; empty when it can't be made. szDirectory empty: here.

@@ -62,6 +62,8 @@ struct Host
     SettingsStore* pSettings = nullptr;
     SoundHost* pSound = nullptr; ///< null: no devices
     Door* pDoor = nullptr;       ///< where the host hands in what comes from outside
+    std::string szStateFolder;   ///< of this user and program, for safety copies; empty: none are kept
+    uint32_t cAutosaveMs = 120000;
 };
 inline Host host;
 } // namespace zarn

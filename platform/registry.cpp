@@ -20,6 +20,18 @@ int32_t MapStore::Write(std::string_view szName, int32_t lValue)
     return ERROR_SUCCESS;
 }
 
+std::vector<std::string> MapStore::ReadTexts(std::string_view szName)
+{
+    auto const found = texts.find(szName);
+    return found == texts.end() ? std::vector<std::string>() : found->second;
+}
+
+int32_t MapStore::WriteTexts(std::string_view szName, std::vector<std::string> const& aTexts)
+{
+    texts.insert_or_assign(std::string(szName), aTexts);
+    return ERROR_SUCCESS;
+}
+
 int32_t RegCreateKeyExA(int32_t, std::string_view, HKEY* phKey)
 {
     *phKey = host.pSettings;

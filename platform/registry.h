@@ -4,6 +4,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zarn
 {
@@ -19,6 +20,9 @@ public:
     virtual ~SettingsStore() = default;
     virtual int32_t Read(std::string_view szName, int32_t* plValue) = 0; ///< 0, or an error and *plValue as it was
     virtual int32_t Write(std::string_view szName, int32_t lValue) = 0;
+    /// A list of texts under a name of its own, apart from the numbers; empty when there is none.
+    virtual std::vector<std::string> ReadTexts(std::string_view szName) = 0;
+    virtual int32_t WriteTexts(std::string_view szName, std::vector<std::string> const& aTexts) = 0;
 };
 
 /// Settings that die with the process: tests, and conversions without a window.
@@ -27,7 +31,10 @@ class MapStore : public SettingsStore
 public:
     int32_t Read(std::string_view szName, int32_t* plValue) override;
     int32_t Write(std::string_view szName, int32_t lValue) override;
+    std::vector<std::string> ReadTexts(std::string_view szName) override;
+    int32_t WriteTexts(std::string_view szName, std::vector<std::string> const& aTexts) override;
     std::map<std::string, int32_t, std::less<>> values;
+    std::map<std::string, std::vector<std::string>, std::less<>> texts;
 };
 
 using HKEY = SettingsStore*;

@@ -92,6 +92,12 @@ void SetWindowTextA(HWND hwnd, std::string_view sText)
         hwnd->SetTitle(sText);
 }
 
+void SetWindowModified(HWND hwnd, bool bOn)
+{
+    if (hwnd)
+        hwnd->SetModified(bOn);
+}
+
 RECT GetClientRect(HWND hwnd)
 {
     SIZE const size = hwnd ? hwnd->ClientSize() : SIZE{};

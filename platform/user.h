@@ -31,9 +31,10 @@ constexpr int32_t IDNO = 7;
 /// One entry of a menu: a command, a submenu, or a separator. Menus are data; the host turns them into real ones.
 struct MenuItem
 {
-    int32_t lCommand = 0;              ///< 0 for a submenu or a separator
-    char const* sLabel = nullptr;      ///< "&" ahead of the mnemonic, tab ahead of the key; null for a separator
-    bool bGrey = false;                ///< at start
+    int32_t lCommand = 0;         ///< 0 for a submenu or a separator
+    char const* sLabel = nullptr; ///< "&" ahead of the mnemonic, tab ahead of the key; null for a separator; empty:
+                                  ///< not shown until it is given a text
+    bool bGrey = false;           ///< at start
     std::vector<MenuItem> aItems = {}; ///< of a submenu
 };
 
@@ -118,7 +119,8 @@ public:
     virtual void SetMenu(std::vector<MenuItem> const& aMenu) = 0;
     virtual void CheckItem(int32_t lCommand, bool bOn) = 0;
     virtual void EnableItem(int32_t lCommand, bool bOn) = 0;
-    virtual void SetItemText(int32_t lCommand, std::string_view sText) = 0;
+    virtual void SetItemText(int32_t lCommand, std::string_view sText) = 0; ///< an empty text hides the item
+    virtual void SetModified(bool bOn) = 0; ///< beside the title, in the manner of the system
     virtual void Destroy() = 0;
     virtual void Enable(bool bOn) = 0; ///< false: it takes no input
     /// Calls pAction once, from the message loop, after the repaint that is owed. Without a loop: at once.
@@ -208,6 +210,8 @@ void EnableWindow(HWND hwnd, bool bOn); ///< false: it takes no input
 [[nodiscard]] Panel* CreatePanel(HWND hwndParent, std::string_view szClass);
 void DestroyWindow(HWND hwnd);
 void SetWindowTextA(HWND hwnd, std::string_view sText);
+/// The mark beside the title that tells of unsaved work.
+void SetWindowModified(HWND hwnd, bool bOn);
 [[nodiscard]] RECT GetClientRect(HWND hwnd);
 void InvalidateRect(HWND hwnd);
 void UpdateWindow(HWND hwnd);
@@ -232,7 +236,7 @@ void SetStatusText(HWND hwnd, std::string_view sText);
 void SetMenu(HWND hwnd, std::vector<MenuItem> const& aMenu);
 void CheckMenuItem(HWND hwnd, int32_t lCommand, bool bOn);
 void EnableMenuItem(HWND hwnd, int32_t lCommand, bool bOn);
-void SetMenuItemInfoA(HWND hwnd, int32_t lCommand, std::string_view sText);
+void SetMenuItemInfoA(HWND hwnd, int32_t lCommand, std::string_view sText); ///< an empty text hides the item
 /// Opens the manual; false when it can't be found.
 [[nodiscard]] bool WinHelpA(HWND hwnd, std::string_view sFile);
 /// The sound of a refusal.

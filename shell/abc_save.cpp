@@ -7,6 +7,7 @@
 #include "platform/files.h"
 #include "shell/command_numbers.h"
 #include "shell/file_names.h"
+#include "shell/file_on_disk.h"
 
 namespace zarn
 {
@@ -43,6 +44,8 @@ static bool ChoosePlaceAtHome(int32_t lCommand)
     int32_t lNumber = lPlaceInAbcFile.value_or(lTuneNumber);
     if (lCommand == COMMAND_SAVEAS &&
         AskPlace("Yes = Append this tune to end of file\nNo = Replace tune in file", &lNumber) == Place::CANCELLED)
+        return false;
+    if (lCommand == COMMAND_SAVE && !FileOnDisk_MayReplace(szFileName))
         return false;
     lTuneNumber = lNumber;
     lPlaceInAbcFile.reset();

@@ -38,8 +38,8 @@ static void Flatten(std::vector<MenuItem> const& aItems, std::string const& sPat
 {
     for (MenuItem const& item : aItems)
     {
-        if (!item.sLabel)
-            continue;
+        if (!item.sLabel || item.sLabel[0] == '\0')
+            continue; // a separator, or a place for a recent file
         std::string sText = sPath + PlainLabel(item.sLabel);
         if (item.lCommand == 0)
         {

@@ -12,6 +12,7 @@ enum CommandNumber : int32_t
     COMMAND_SAVEAS = 4,
     COMMAND_PRINT = 5,
     COMMAND_EXIT = 8,
+    COMMAND_APPEND = 14,
     COMMAND_PRINTONE = 15,
     COMMAND_PREVIEW = 16,
     COMMAND_SAVEPDF = 17,
@@ -163,6 +164,9 @@ enum CommandNumber : int32_t
     COMMAND_DELETEITEM = 9002,
 
     COMMAND_FRET = 9100, ///< plus the fret, 0 to 24
+
+    COMMAND_RECENT = 9200, ///< plus 1 to 9, the last file first
 };
+constexpr int32_t lMostRecent = 9;
 constexpr int32_t lMostFret = 24; ///< of the menu of frets, and of a fret that is typed
 } // namespace zarn

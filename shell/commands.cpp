@@ -49,6 +49,7 @@ constexpr CommandRange aRanges[] = {
     {COMMAND_KEYKEEPINGTEXT - 6, COMMAND_KEYKEEPINGTEXT + 6, COMMAND_KEYKEEPINGTEXT, KeyKeepingTextCommand},
     {COMMAND_KEYKEEPINGPITCH - 6, COMMAND_KEYKEEPINGPITCH + 6, COMMAND_KEYKEEPINGPITCH, KeyKeepingPitchCommand},
     {COMMAND_FRET, COMMAND_FRET + lMostFret, COMMAND_FRET, FretCommand},
+    {COMMAND_RECENT + 1, COMMAND_RECENT + lMostRecent, COMMAND_RECENT, RecentCommand},
     {COMMAND_FIRSTWEIGHT, COMMAND_MAXSTRETCH, 0, WeightCommand},
     {COMMAND_AVOIDOPENSTRINGS, COMMAND_AVOIDOPENSTRINGS, 0, WeightCommand},
 };
@@ -69,6 +70,7 @@ constexpr CommandRow aCommands[] = {
     {COMMAND_PREVIEW, PreviewCommand},
     {COMMAND_SAVEPDF, SavePdfCommand},
     {COMMAND_WAITEACHPAGE, ToggleWaitEachPage},
+    {COMMAND_APPEND, AppendCommand},
     {COMMAND_UNDO, UndoCommand},
     {COMMAND_CUT, CutCommand},
     {COMMAND_COPY, CopyCommand},

@@ -14,6 +14,7 @@
 #include "shell/mouse.h"
 #include "shell/panels_shown.h"
 #include "shell/print.h"
+#include "shell/session.h"
 #include "shell/status.h"
 
 namespace zarn
@@ -40,22 +41,8 @@ static void Key(Event const& key)
 
 bool ShellDoor::IsAccelerator(Event const& key) const { return Accelerator_Command(key) != 0; }
 
-void ShellDoor::Receive(Event const& event)
+static void Route(Event const& event)
 {
-    if (!hwndMain)
-        return;
-    if (event.kind == EventKind::MIDI) // not the main window's: the latch of its messages stays
-    {
-        MidiIn_Message(event.lNumber, event.x, event.y);
-        return;
-    }
-    if (PrintRun::IsOn())
-    {
-        if (event.kind == EventKind::SIZE)
-            PrintRun::Resized();
-        return;
-    }
-    Serious_Rearm();
     switch (event.kind)
     {
     case EventKind::SIZE:
@@ -100,7 +87,32 @@ void ShellDoor::Receive(Event const& event)
     default:
         break;
     }
-    if (hwndMain)
-        Status_Show();
+}
+
+void ShellDoor::Receive(Event const& event)
+{
+    if (!hwndMain)
+        return;
+    if (event.kind == EventKind::MIDI) // not the main window's: the latch of its messages stays
+    {
+        ++cEventsInHand;
+        MidiIn_Message(event.lNumber, event.x, event.y);
+        --cEventsInHand;
+        return;
+    }
+    if (PrintRun::IsOn())
+    {
+        if (event.kind == EventKind::SIZE)
+            PrintRun::Resized();
+        return;
+    }
+    Serious_Rearm();
+    ++cEventsInHand;
+    Route(event);
+    --cEventsInHand;
+    if (!hwndMain)
+        return;
+    Unsaved_Show();
+    Status_Show();
 }
 } // namespace zarn

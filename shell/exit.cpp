@@ -9,6 +9,7 @@
 #include "shell/files.h"
 #include "shell/panels_shown.h"
 #include "shell/record_command.h"
+#include "shell/session.h"
 
 namespace zarn
 {
@@ -28,6 +29,7 @@ void ExitCommand()
     if (!MayLeave())
         return;
     RecordCommand_LeaveProgram();
+    Session_End();
     DestroyWindow(hwndMain);
     hwndMain = nullptr;
     Panels_Forget();

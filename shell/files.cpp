@@ -1,49 +1,36 @@
-// Which reader or writer handles a file, and the questions on the way.
-//
-// Score files, ABC, MIDI files and ASCII tablature, each by its name or by what the user answers: no file is ever
-// overwritten with what its name doesn't promise unless its user says so.
+// Which reader handles a file, and the questions on the way: each by the file's name, or by what the user answers.
 #include "shell/files.h"
 
 #include "abc/abc_index.h"
 #include "abc/abc_reader.h"
 #include "core/messages.h"
-#include "core/text.h"
 #include "edit/new_score.h"
 #include "file/native.h"
 #include "layout/adjust.h"
 #include "layout/bars.h"
-#include "midi/midi_write.h"
-#include "midi/play_list.h"
 #include "panels/new_tune.h"
 #include "platform/commdlg.h"
 #include "platform/files.h"
 #include "render/font.h"
 #include "render/symbol_cursor.h"
-#include "shell/abc_save.h"
 #include "shell/command_numbers.h"
 #include "shell/file_names.h"
+#include "shell/file_on_disk.h"
 #include "shell/load.h"
 #include "shell/modes.h"
 #include "shell/options.h"
 #include "shell/panels_shown.h"
-#include "tab/tab_text.h"
+#include "shell/recent_files.h"
 #include "tab/tablature.h"
-
-#include <iterator>
 
 namespace zarn
 {
-
-void SaveCommand() { (void)SaveFile(hwndMain, COMMAND_SAVE); }
-
-void SaveAsCommand() { (void)SaveFile(hwndMain, COMMAND_SAVEAS); }
-
 /// What the user wants to happen to unsaved music.
 enum class Unsaved
 {
     KEEP,        ///< the command is called off
     GIVE_UP,     ///< there is none, it was saved, or the user doesn't want it
-    NOT_WRITTEN, ///< saving was wanted and failed
+    NOT_WRITTEN, ///< saving was wanted and failed; what the user asked for goes on where it asks once more
 };
 
 static Unsaved AskAboutUnsaved()
@@ -67,8 +54,7 @@ static Unsaved AskAboutUnsaved()
 
 void NewCommand()
 {
-    // Nothing asks again before the music goes, so a save that failed stops here; Open still has its dialog.
-    if (AskAboutUnsaved() == Unsaved::GIVE_UP)
+    if (AskAboutUnsaved() != Unsaved::KEEP)
         NewTune(hwndMain);
 }
 
@@ -95,10 +81,21 @@ void NewTune(HWND hwnd)
     InvalidateRect(hwnd);
 }
 
-/// Asks for the tune of an ABC file, and reads it.
-static void ReadChosenTune(HFILE hFile, HWND hwnd, std::string const& szName)
+namespace
 {
-    Score_New();
+/// What becomes of the Score in hand.
+enum class Into
+{
+    NEW_SCORE,
+    END_OF_STAFFS, ///< what is read follows it
+};
+} // namespace
+
+/// Asks for the tune of an ABC file, and reads it.
+static void ReadChosenTune(HFILE hFile, HWND hwnd, std::string const& szName, Into into)
+{
+    if (into == Into::NEW_SCORE)
+        Score_New();
     szAbcTune = szName;
     SetAbcNames(szName, ReadAbc(hFile, hwnd, &szAbcTune));
     SetWindowTextA(hwnd, AbcTitle(szName));
@@ -106,26 +103,27 @@ static void ReadChosenTune(HFILE hFile, HWND hwnd, std::string const& szName)
 }
 
 /// Asks, and reads a MIDI file; false when the user doesn't want it. A damaged one leaves a tune with no file.
-static bool ReadAskedMidi(HFILE hFile, HWND hwnd, std::string const& szName)
+static bool ReadAskedMidi(HFILE hFile, HWND hwnd, std::string const& szName, Into into)
 {
     if (!AskYesNo("MIDI file input is new and, frankly, it doesn't work well yet, but it was less effort to leave it "
                   "in.  Go ahead if you like and see what happens - else cancel now.",
                   0))
         return false;
-    Score_New();
+    if (into == Into::NEW_SCORE)
+        Score_New();
     SetWindowTextA(hwnd, ReadMidi(hFile, szName) ? szName : ErrorTitle(szName));
     return true;
 }
 
 /// The reading road of an open file; false when the user or the file's kind stopped it, and nothing more may change.
-static bool ReadOpened(HFILE hFile, HWND hwnd, std::string const& szName)
+static bool ReadOpened(HFILE hFile, HWND hwnd, std::string const& szName, Into into)
 {
     FileType const type = FileTypeOf(szName);
     if (type == FileType::MIDI_PERFORMANCE)
-        return ReadAskedMidi(hFile, hwnd, szName);
+        return ReadAskedMidi(hFile, hwnd, szName, into);
     if (type != FileType::ABC)
     {
-        if (ReadNative(hFile))
+        if (into == Into::NEW_SCORE ? ReadNative(hFile) : Native_Read(hFile, false) != 0)
         {
             SetNativeNames(szName);
             SetWindowTextA(hwnd, szName);
@@ -135,32 +133,50 @@ static bool ReadOpened(HFILE hFile, HWND hwnd, std::string const& szName)
             return false;
         _llseek(hFile, 0, FILE_BEGIN);
     }
-    ReadChosenTune(hFile, hwnd, szName);
+    ReadChosenTune(hFile, hwnd, szName, into);
     return true;
 }
 
-/// Reads the file in place of the Score in hand. False when its name is not the name in hand afterwards.
-static bool OpenNamed(HWND hwnd, std::string const& szName)
+/// Reads the file; false when there is none, or it was declined.
+static bool ReadNamed(HWND hwnd, std::string const& szName, Into into)
 {
     HFILE const hFile = _lopen(szName);
     bool bRead = false;
     if (hFile)
     {
-        bRead = ReadOpened(hFile, hwnd, szName);
+        auto const stamp = File_StampOf(szName);
+        bRead = ReadOpened(hFile, hwnd, szName, into);
         _lclose(hFile);
+        if (bRead)
+        {
+            FileOnDisk_Note(szName, stamp);
+            Recent_Add(szName);
+        }
     }
     else
+    {
         Serious("File didn't open");
+        Recent_Forget(szName);
+    }
     // A file that isn't there clears the flag as a file that was read does; one that was declined leaves it.
     if (bRead || !hFile)
         bScoreDirty = false;
     Options_ShowChecks();
+    return bRead;
+}
+
+/// Reads the file in place of the Score in hand. False when its name is not the name in hand afterwards.
+static bool OpenNamed(HWND hwnd, std::string const& szName)
+{
+    bool const bRead = ReadNamed(hwnd, szName, Into::NEW_SCORE);
     Font_Renew();
     InvalidateRect(hwnd);
     return bRead;
 }
 
-void OpenFile(HWND hwnd)
+/// Asks for a name and reads that file. The title says so meanwhile.
+template <typename Reader>
+static void ReadAsked(HWND hwnd, Reader read)
 {
     FileDialog dialog;
     dialog.sTitle = "Open file";
@@ -169,12 +185,18 @@ void OpenFile(HWND hwnd)
                        {"ABC files", "*.abc"},
                        {"MIDI files", "*.mid"},
                        {"All Files", "*.*"}};
+    dialog.szFolder = Recent_Folder();
     if (!GetOpenFileNameA(hwnd, dialog))
         return;
     std::string const sOldTitle = hwnd ? hwnd->Title() : std::string();
     SetWindowTextA(hwnd, "Open file");
-    if (!OpenNamed(hwnd, dialog.szFile))
+    if (!read(dialog.szFile))
         SetWindowTextA(hwnd, sOldTitle);
+}
+
+void OpenFile(HWND hwnd)
+{
+    ReadAsked(hwnd, [hwnd](std::string const& szName) { return OpenNamed(hwnd, szName); });
 }
 
 void OpenCommand()
@@ -185,164 +207,39 @@ void OpenCommand()
     OpenFile(hwndMain);
 }
 
+/// Reads the file behind the Score in hand.
+static bool AppendNamed(std::string const& szName)
+{
+    bool const bWasDirty = bScoreDirty;
+    int64_t const cBefore = Score_CountElements();
+    bool const bRead = ReadNamed(hwndMain, szName, Into::END_OF_STAFFS);
+    bool const bGrown = Score_CountElements() != cBefore;
+    bScoreDirty = bWasDirty || bGrown; // no file holds what has come together, nor has anyone been asked
+    if (bGrown)
+        szFileName.clear(); // a plain Save would put it in place of the file that was appended
+    FullAdjust();
+    Font_Renew();
+    InvalidateRect(hwndMain);
+    return bRead;
+}
+
+void AppendCommand()
+{
+    fAbcTuneOpen = false;
+    ReadAsked(hwndMain, AppendNamed);
+}
+
+void RecentCommand(int32_t lNumber)
+{
+    if (std::string const szName = Recent_At(lNumber); !szName.empty())
+        OpenDropped(szName);
+}
+
 void OpenDropped(std::string const& szName)
 {
     if (AskAboutUnsaved() != Unsaved::GIVE_UP)
         return;
     fAbcTuneOpen = false;
     (void)OpenNamed(hwndMain, szName);
-}
-
-namespace
-{
-/// A kind of file that the save dialog offers.
-struct SaveKind
-{
-    FileType type;
-    FileFilter filter;
-};
-constexpr SaveKind aSaveKind[] = {{FileType::NATIVE, {"Zarn files", "*.zrn"}},
-                                  {FileType::ABC, {"ABC files", "*.abc"}},
-                                  {FileType::MIDI_EXCHANGE, {"MIDI exchange files", "*.MID"}},
-                                  {FileType::MIDI_PERFORMANCE, {"MIDI performance files", "*.MID"}},
-                                  {FileType::ASCII_TAB, {"ASCII Tab files(.tab)", "*.tab"}},
-                                  {FileType::ASCII_TAB_TEXT, {"ASCII Tab files(.txt)", "*.txt"}}};
-} // namespace
-
-/// Music that was read as ABC from a .txt file must not become tablature there at a plain Save.
-static bool MayOverwrite(FileType type) { return type != FileType::ASCII_TAB || szFileName != szAbcFile; }
-
-/// Makes the file in hand anew. bTell: a failure is told here, not by the writer.
-template <typename Writer>
-static SaveResult WriteFile(Writer write, bool bTell = true)
-{
-    HFILE const hFile = _lcreat(szFileName);
-    if (!hFile)
-    {
-        Serious("File didn't open - NOT saved!");
-        return SaveResult::FAILED;
-    }
-    bool const bWritten = write(hFile);
-    bool const bInPlace = _lclose(hFile);
-    if (bWritten && bInPlace)
-        return SaveResult::SAVED;
-    if (bTell)
-        Serious("Writing the file failed - NOT saved!  The file on disk and the score are as they were.");
-    return SaveResult::FAILED;
-}
-
-static SaveResult WriteNative()
-{
-    SaveResult const result = WriteFile([](HFILE hFile) { return Native_Write(hFile) != 0; });
-    if (result == SaveResult::SAVED)
-        bScoreDirty = false;
-    return result;
-}
-
-/// The score stays unsaved: a MIDI file doesn't hold it all.
-static SaveResult WriteMidiPerformance()
-{
-    return WriteFile([](HFILE hFile) { return SaveMidiFile(hFile, fBarnDance, lSwing, true); });
-}
-
-static SaveResult WriteMidiExchange()
-{
-    if (!AskYesNo("Exchange MIDI file output is new and MIDI file input to Zarn frankly doesn't work well yet.  Save "
-                  "in another format or you may lose data.  Go ahead and save as MIDI anyway?",
-                  0))
-        return SaveResult::CANCELLED;
-    return WriteFile([](HFILE hFile) { return SaveMidiFile(hFile, false, 0, false); });
-}
-
-/// The score stays unsaved: tablature doesn't hold it all. With tablature hidden the user is told, and an empty file
-/// stands there.
-static SaveResult WriteTab() { return WriteFile(Tab_SaveText, Tab_IsShown()); }
-
-/// The save dialog; the type that was asked for, UNKNOWN when cancelled. On OK the name is the name in hand.
-static FileType AskSaveName(HWND hwnd)
-{
-    FileDialog dialog;
-    dialog.sTitle = "Save file";
-    for (SaveKind const& kind : aSaveKind)
-        dialog.aFilters.push_back(kind.filter);
-    dialog.szFile = szFileName;
-    FileType const type = FileTypeOf(szFileName);
-    if (type != FileType::UNKNOWN && !MayOverwrite(type))
-        dialog.szFile.replace(dialog.szFile.size() - Extension(szFileName).size(), std::string::npos, ".zrn");
-    std::string const sExtension = Extension(dialog.szFile);
-    if (!sExtension.empty())
-        dialog.sDefaultExtension = sExtension.c_str();
-    if (!GetSaveFileNameA(hwnd, dialog))
-        return FileType::UNKNOWN;
-    szFileName = dialog.szFile;
-    bReadAsNative = false;
-    SetWindowTextA(hwnd, ShortName(szFileName));
-    size_t const nKind = static_cast<size_t>(dialog.lFilter) - 1;
-    return nKind < std::size(aSaveKind) ? aSaveKind[nKind].type : FileType::NATIVE;
-}
-
-/// The type of a name that came from the save dialog, whose filter asked for asked; UNKNOWN when the user cancelled.
-static FileType SettleAskedType(FileType asked)
-{
-    FileType const named = FileTypeOf(szFileName);
-    bool const bBothMidi = named == FileType::MIDI_PERFORMANCE && asked == FileType::MIDI_EXCHANGE;
-    if (named == FileType::UNKNOWN || named == asked || bBothMidi)
-        return asked;
-    int32_t const lAnswer =
-        AskYesNoCancel("File name extension conflicts with type.  Yes = use type, No = use extension");
-    return lAnswer < 0 ? FileType::UNKNOWN : lAnswer == 1 ? asked : named;
-}
-
-/// The type of a name that was in hand already; UNKNOWN when the user doesn't want it written.
-static FileType SettleNamedType()
-{
-    FileType const named = FileTypeOf(szFileName);
-    if (named == FileType::ASCII_TAB && bReadAsNative)
-        return FileType::NATIVE;
-    if (named != FileType::UNKNOWN)
-        return named;
-    if (int32_t const lAnswer = AskYesNoCancel("Unknown file extension.  OK to write file as ZRN file?"); lAnswer != 0)
-        return lAnswer == 1 ? FileType::NATIVE : FileType::UNKNOWN;
-    if (int32_t const lAnswer = AskYesNoCancel("OK to write as ABC file then??"); lAnswer != 0)
-        return lAnswer == 1 ? FileType::ABC : FileType::UNKNOWN;
-    if (int32_t const lAnswer = AskYesNoCancel("OK to write as MIDI file maybe???"); lAnswer != 0)
-        return lAnswer == 1 ? FileType::MIDI_EXCHANGE : FileType::UNKNOWN;
-    if (int32_t const lAnswer = AskYesNoCancel("Well TAB then????"); lAnswer != 0)
-        return lAnswer == 1 ? FileType::ASCII_TAB : FileType::UNKNOWN;
-    Serious("Don't know how you want it saved.  File NOT saved!");
-    return FileType::UNKNOWN;
-}
-
-SaveResult SaveFile(HWND hwnd, int32_t lCommand)
-{
-    FileType type = FileTypeOf(szFileName);
-    FileType asked = FileType::UNKNOWN;
-    bool const bAsk =
-        szFileName.empty() || lCommand == COMMAND_SAVEAS || (type != FileType::UNKNOWN && !MayOverwrite(type));
-    if (bAsk)
-    {
-        asked = AskSaveName(hwnd);
-        if (asked == FileType::UNKNOWN)
-            return SaveResult::CANCELLED;
-    }
-    type = bAsk ? SettleAskedType(asked) : SettleNamedType();
-    switch (type)
-    {
-    case FileType::UNKNOWN:
-        return SaveResult::CANCELLED;
-    case FileType::NATIVE:
-        return WriteNative();
-    case FileType::ABC:
-        return SaveAbc(lCommand);
-    case FileType::MIDI_EXCHANGE:
-        return WriteMidiExchange();
-    case FileType::MIDI_PERFORMANCE:
-        return WriteMidiPerformance();
-    case FileType::ASCII_TAB:
-        return WriteTab();
-    case FileType::ASCII_TAB_TEXT:
-        return SaveResult::FAILED; // the filter has never had a writer; the extension has
-    }
-    return SaveResult::FAILED;
 }
 } // namespace zarn

@@ -7,8 +7,13 @@
 
 namespace zarn
 {
-void NewCommand();    ///< Asks about unsaved music first.
-void OpenCommand();   ///< Likewise.
+void NewCommand();  ///< Asks about unsaved music first.
+void OpenCommand(); ///< Likewise.
+/// Asks for a name and reads that file behind the Score in hand, at the end of the staffs; no question. What has come
+/// together is unsaved, and has no file.
+void AppendCommand();
+/// Opens the file of the File menu's list, 1 to 9, as OpenDropped does.
+void RecentCommand(int32_t lNumber);
 void SaveCommand();   ///< Into the file in hand, or as SaveAsCommand when there is none that can be written.
 void SaveAsCommand(); ///< Asks for the name.
 

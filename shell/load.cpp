@@ -15,6 +15,7 @@
 #include "render/geometry.h"
 #include "render/symbol_cursor.h"
 #include "shell/file_names.h"
+#include "shell/file_on_disk.h"
 #include "shell/modes.h"
 
 #include <algorithm>
@@ -22,10 +23,7 @@
 
 namespace zarn
 {
-namespace
-{
-/// How many elements the staffs hold.
-int64_t ElementCount()
+int64_t Score_CountElements()
 {
     int64_t cElements = 0;
     for (List const list : aStaffList)
@@ -33,9 +31,11 @@ int64_t ElementCount()
     return cElements;
 }
 
+namespace
+{
 void EmptyScore()
 {
-    if (ElementCount() != 0)
+    if (Score_CountElements() != 0)
         Score_New();
 }
 
@@ -85,12 +85,12 @@ LoadResult ReadOpened(HFILE hFile, std::string const& szName, int32_t lTune, std
 
 bool ReadNative(HFILE hFile)
 {
-    int64_t const cBefore = ElementCount();
+    int64_t const cBefore = Score_CountElements();
     int32_t const lOldScroll = lScroll;
     lScroll = 0; // the reader folds each element on its way, so the view must stand at the top by then
     if (Native_Read(hFile, true))
         return true;
-    if (ElementCount() == cBefore)
+    if (Score_CountElements() == cBefore)
         lScroll = lOldScroll;
     else
         szFileName.clear(); // half a piece must not be saved over the whole one
@@ -151,8 +151,11 @@ LoadResult LoadNamed(std::string const& szName, int32_t lTune, std::string* psTi
     LoadResult result = LoadResult::NOT_OPENED;
     if (HFILE const hFile = _lopen(szName))
     {
+        auto const stamp = File_StampOf(szName);
         result = ReadOpened(hFile, szName, lTune, psTitle);
         _lclose(hFile);
+        if (result == LoadResult::LOADED)
+            FileOnDisk_Note(szName, stamp);
     }
     else
         *psTitle = Format("Error opening <%s>", szName.c_str());

@@ -34,6 +34,8 @@ LoadResult LoadNamed(std::string const& szName, int32_t lTune, std::string* psTi
 void SetNativeNames(std::string const& szName);
 /// The names that go with a tune of an ABC file, from what the reader gave for its number; its title is in szAbcTune.
 void SetAbcNames(std::string const& szName, int32_t lNumber);
+/// How many elements all the staffs hold.
+[[nodiscard]] int64_t Score_CountElements();
 /// "Error reading <%s>".
 [[nodiscard]] std::string ErrorTitle(std::string const& szName);
 /// "%s (from file '%s')".

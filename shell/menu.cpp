@@ -13,18 +13,17 @@ static std::set<int32_t> greyCommands;
 
 static std::vector<MenuItem> FileMenu()
 {
-    return {{COMMAND_NEW, "&New...\tCtrl+n"},
-            {COMMAND_OPEN, "&Open...\tCtrl+o"},
-            {},
-            {COMMAND_SAVE, "&Save\tCtrl+s"},
-            {COMMAND_SAVEAS, "Save &As..."},
-            {COMMAND_SAVEPDF, "Save as P&DF..."},
-            {},
-            {COMMAND_PREVIEW, "Print pre&view..."},
-            {COMMAND_PRINT, "&Print"},
-            {COMMAND_PRINTONE, "Print &1 copy"},
-            {},
-            {COMMAND_EXIT, "E&xit"}};
+    std::vector<MenuItem> aItems = {{COMMAND_NEW, "&New...\tCtrl+n"},       {COMMAND_OPEN, "&Open...\tCtrl+o"},
+                                    {COMMAND_APPEND, "Appe&nd..."},         {},
+                                    {COMMAND_SAVE, "&Save\tCtrl+s"},        {COMMAND_SAVEAS, "Save &As..."},
+                                    {COMMAND_SAVEPDF, "Save as P&DF..."},   {},
+                                    {COMMAND_PREVIEW, "Print pre&view..."}, {COMMAND_PRINT, "&Print"},
+                                    {COMMAND_PRINTONE, "Print &1 copy"},    {}};
+    for (int32_t lRecent = 1; lRecent <= lMostRecent; ++lRecent)
+        aItems.push_back({COMMAND_RECENT + lRecent, ""}); // shown once there is such a file
+    aItems.push_back({});
+    aItems.push_back({COMMAND_EXIT, "E&xit"});
+    return aItems;
 }
 
 static std::vector<MenuItem> EditMenu()

@@ -25,7 +25,9 @@
 #include "shell/panels_shown.h"
 #include "shell/play_marker.h"
 #include "shell/print.h"
+#include "shell/recent_files.h"
 #include "shell/record_command.h"
+#include "shell/session.h"
 #include "shell/tab_commands.h"
 
 namespace zarn
@@ -53,6 +55,7 @@ static bool MakeMainWindow()
     if (!hwndMain)
         return false;
     Menu_Attach();
+    Recent_ShowMenu();
     MainWindow_Created();
     Panels_Create();
     CreateMidiInWindow(hwndMain);
@@ -76,7 +79,8 @@ static std::string WithoutQuotes(std::string_view szCommandLine)
 static void LoadCommandLineFile(std::string const& szName)
 {
     std::string sTitle;
-    (void)LoadNamed(szName, lFirstTune, &sTitle);
+    if (LoadNamed(szName, lFirstTune, &sTitle) == LoadResult::LOADED)
+        Recent_Add(szName);
     SetWindowTextA(hwndMain, sTitle);
     Options_ShowChecks();
     Font_Renew();
@@ -97,8 +101,6 @@ static void GreetOnce()
 
 static void AskHowToBegin()
 {
-    if (!hwndMain) // closed before it was ever shown
-        return;
     GreetOnce();
     switch (QuestionBox(hwndMain, "File source", "Open existing file or start new one?", "Open", "New"))
     {
@@ -111,6 +113,16 @@ static void AskHowToBegin()
     default:
         break;
     }
+}
+
+/// The questions of a start: what an earlier session has lost, then, with nothing in hand, how to begin.
+static void Begin(bool bEmptyHanded)
+{
+    if (!hwndMain) // closed before it was ever shown
+        return;
+    if (!Session_OfferLost() && bEmptyHanded)
+        AskHowToBegin();
+    Unsaved_Show();
 }
 
 bool StartUp(std::string_view szCommandLine)
@@ -126,16 +138,20 @@ bool StartUp(std::string_view szCommandLine)
     UpdateWindow(hwndMain);
     LoadTablatureSettings();
     Options_ShowChecks();
-    // The question belongs to the first paint, and waits until that is on the screen: no box stands over an empty
+    Session_Begin();
+    // The questions belong to the first paint, and wait until that is on the screen: no box stands over an empty
     // window.
     if (szCommandLine.empty())
-        PostMessageA(hwndMain, AskHowToBegin);
+        PostMessageA(hwndMain, [] { Begin(true); });
+    else
+        PostMessageA(hwndMain, [] { Begin(false); });
     return true;
 }
 
 void ShutDown()
 {
     RecordCommand_LeaveProgram();
+    Session_End();
     if (aStaffList[0]) // leaving through the window has freed them already
         Score_DestroyLists();
     ShutDownMidi();

@@ -11,8 +11,9 @@ void Score_StartUp();
 void Page_StartUp(int32_t lWidth, int32_t lHeight);
 
 /// Brings the program up to its message loop, which is the host's: the Score, the main window, the file of the command
-/// line (one quote at either end is taken off; empty for none). Without a file the user is asked how to begin, from the
-/// message loop, once the window shows its first picture. False when there can be no window.
+/// line (one quote at either end is taken off; empty for none). From the message loop, once the window shows its first
+/// picture, the user is asked about work that an earlier session has lost; and then, with neither that nor a file, how
+/// to begin. False when there can be no window.
 [[nodiscard]] bool StartUp(std::string_view szCommandLine);
 
 /// Behind the message loop, or at the end of a conversion: frees what is left.

@@ -3,6 +3,7 @@
 
 #include "platform/desktop/qt_text.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
@@ -70,7 +71,8 @@ bool AskName(FileDialog& dialog, QFileDialog& box)
     if (dialog.lFilter >= 1 && dialog.lFilter <= filters.size())
         box.selectNameFilter(filters[dialog.lFilter - 1]);
     QFileInfo const before(QString::fromStdString(dialog.szFile));
-    box.setDirectory(before.dir());
+    QDir const folder(QString::fromStdString(dialog.szFolder));
+    box.setDirectory(dialog.szFile.empty() && !dialog.szFolder.empty() && folder.exists() ? folder : before.dir());
     if (!dialog.szFile.empty())
         box.selectFile(before.fileName());
     if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty())

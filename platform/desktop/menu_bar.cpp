@@ -34,6 +34,7 @@ void MenuBar::AddCommand(QMenu& menu, MenuItem const& item)
     QAction* const pAction = menu.addAction(ToQt(item.sLabel));
     pAction->setMenuRole(QAction::NoRole);
     pAction->setEnabled(!item.bGrey);
+    pAction->setVisible(item.sLabel[0] != '\0');
     actions.emplace(item.lCommand, pAction);
     QObject::connect(pAction, &QAction::triggered, &bar,
                      [this, pAction, lCommand = item.lCommand](bool bOn)
@@ -79,6 +80,11 @@ void MenuBar::Enable(int32_t lCommand, bool bOn)
 
 void MenuBar::SetText(int32_t lCommand, std::string_view sText)
 {
-    ForEach(lCommand, [&](QAction& action) { action.setText(ToQt(sText)); });
+    ForEach(lCommand,
+            [&](QAction& action)
+            {
+                action.setText(ToQt(sText));
+                action.setVisible(!sText.empty());
+            });
 }
 } // namespace zarn

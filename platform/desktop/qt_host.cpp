@@ -136,6 +136,20 @@ int32_t QtHost::Run()
     return lQuitCode;
 }
 
+void QtHost::TakeHandedOver()
+{
+    pOneWindow = std::make_unique<OneWindow>(
+        [this](std::string const& szPath)
+        {
+            // Over a question nothing can be opened: whoever starts there is better off with a window of their own.
+            if (!pWindow || QApplication::activeModalWidget() || QApplication::activePopupWidget())
+                return false;
+            pWindow->Raise();
+            PostEvent({.kind = EventKind::OPEN, .sText = szPath});
+            return true;
+        });
+}
+
 std::unique_ptr<PagedSurface> QtHost::NewPdf(std::string_view sTitle, Sheet const& sheet)
 {
     return std::make_unique<PdfDocument>(sTitle, sheet);

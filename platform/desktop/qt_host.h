@@ -1,6 +1,7 @@
 /// The desktop host: windows, boxes, documents and settings, with Qt.
 #pragma once
 #include "platform/desktop/control_key.h"
+#include "platform/desktop/one_window.h"
 #include "platform/desktop/progress_box.h"
 #include "platform/desktop/qt_settings.h"
 #include "platform/desktop/qt_window.h"
@@ -50,6 +51,8 @@ public:
 
     void SetDoor(Door* pNewDoor) override { pDoor = pNewDoor; }
     int32_t Run() override;
+    bool HandOver(std::string_view szPath) override { return OneWindow::Ask(szPath); }
+    void TakeHandedOver() override;
     SettingsStore* Settings() override { return &settings; }
     std::unique_ptr<PagedSurface> NewPng(SIZE size, int32_t lDpi) override;
 
@@ -66,6 +69,7 @@ private:
     ProgressBox progress;
     ControlKey controlKey;
     std::map<int32_t, std::unique_ptr<QTimer>> timers;
+    std::unique_ptr<OneWindow> pOneWindow;
     QObject loop;          ///< what is posted is called in its thread, the main one, and not after its end
     bool bRunning = false; ///< in the message loop
     bool bQuit = false;

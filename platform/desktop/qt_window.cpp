@@ -60,9 +60,14 @@ QtWindow::~QtWindow()
 
 SIZE QtWindow::ClientSize() { return {pCanvas->width(), pCanvas->height()}; }
 
-void QtWindow::SetTitle(std::string_view sTitle) { frame.setWindowTitle(ToQt(sTitle)); }
-
-std::string QtWindow::Title() { return frame.windowTitle().toStdString(); }
+/// "[*]" is where Qt shows that the work is modified; twice over it stands for itself.
+void QtWindow::SetTitle(std::string_view sNewTitle)
+{
+    QString title = ToQt(sNewTitle);
+    sTitle = title.toStdString();
+    QString const mark = QStringLiteral("[*]");
+    frame.setWindowTitle(title.replace(mark, mark + mark) + mark);
+}
 
 void QtWindow::Invalidate()
 {
@@ -207,6 +212,13 @@ void QtWindow::TakeFocus()
         return;
     frame.activateWindow();
     pCanvas->setFocus();
+}
+
+void QtWindow::Raise()
+{
+    frame.setWindowState(frame.windowState() & ~Qt::WindowMinimized);
+    frame.raise();
+    TakeFocus();
 }
 
 void QtWindow::Receive(Event const& event)

@@ -27,7 +27,7 @@ public:
 
     SIZE ClientSize() override;
     void SetTitle(std::string_view sTitle) override;
-    std::string Title() override;
+    std::string Title() override { return sTitle; }
     void Invalidate() override;
     void Update() override;
     HDC BeginDraw() override;
@@ -47,6 +47,7 @@ public:
     void EnableItem(int32_t lCommand, bool bOn) override { menu.Enable(lCommand, bOn); }
     void SetItemText(int32_t lCommand, std::string_view sText) override { menu.SetText(lCommand, sText); }
     void Enable(bool bOn) override;
+    void SetModified(bool bOn) override { frame.setWindowModified(bOn); }
     void Destroy() override; ///< it stays good as long as its host, and is no longer seen
     /// Runs the action from the message loop, once the window has been painted.
     void Post(void (*pAction)()) override;
@@ -56,6 +57,7 @@ public:
     Panel* CreatePanel(PanelSetup const& setup); ///< lives as long as the window
     [[nodiscard]] QWidget* Frame() { return &frame; }
     void TakeFocus(); ///< keys go to the score again
+    void Raise();     ///< in front of other programs' windows, where the system allows it
     [[nodiscard]] QPoint OnScreen(POINT place) const { return pCanvas->mapToGlobal(QPoint(place.x, place.y)); }
 
 private:
@@ -90,6 +92,7 @@ private:
     void RenewImage();
     [[nodiscard]] SurfaceTarget Target() const;
 
+    std::string sTitle; ///< without the mark
     Painter* pPainter;
     Door* pDoor;
     QImage image;          ///< of device pixels; its own ratio stays 1

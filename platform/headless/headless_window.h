@@ -50,6 +50,7 @@ public:
     void CheckItem(int32_t lCommand, bool bOn) override { items[lCommand].bChecked = bOn; }
     void EnableItem(int32_t lCommand, bool bOn) override { items[lCommand].bGrey = !bOn; }
     void SetItemText(int32_t lCommand, std::string_view sText) override { items[lCommand].sText = sText; }
+    void SetModified(bool bOn) override { bModified = bOn; }
     void Destroy() override { bDestroyed = true; }
     void Enable(bool bOn) override { bEnabled = bOn; }
     void Post(void (*pAction)()) override { aPosted.push_back(pAction); } ///< called by the next RunLoop
@@ -75,6 +76,7 @@ public:
     Surface* pCursor = nullptr; ///< where the symbol pointer is drawn; null for nowhere
     std::string sStatus;
     bool bEnabled = true;
+    bool bModified = false;  ///< what the mark beside the title tells
     bool bDestroyed = false; ///< it stays good as long as its host, and paints no more
     int32_t lScrollRange = 0;
     int32_t lScrollPlace = 0;

@@ -112,7 +112,9 @@ TEST_F(AbcRoundTrip, WhatTheTextCarriesComesBack)
           "time:4/4 slur( n0/96 n1/96 slur) |", "time:4/4 |: n0/192 | 1st n1/192 :| n2/192 |",
           "time:4/4 |: n0/192 :: n1/192 :|", "time:4/4 n0/192 || n1/192 | n2/192 ||", "time:4/4 tempo:90 n0/192 |",
           "key:-5 time:6/8 n0/144 | time:3/4 n0/144 |", "time:4/4 chord\"Am7\" n0/192 | abc\"N:here\" n0/192 |",
-          "time:4/4 lyr\"la\" n0/192 | nl n0/192 |", "time:4/4 n0/96 #3 n3/96 | b6 n6/96 =3 n3/96 |"})
+          "time:4/4 lyr\"la\" n0/192 | nl n0/192 |", "time:4/4 n0/96/flag=64 n1/96/flag=32 |",
+          "time:4/4 n0/96/flag=96 n1/96 |", "time:4/4 r384 r192 r96 r72 r48 r36 r24 r18 r12 r6 |",
+          "time:4/4 n0/96 #3 n3/96 | b6 n6/96 =3 n3/96 |"})
         EXPECT_EQ(Again(sScore), sScore + " nl");
     EXPECT_EQ(Complaints(), "");
 }
@@ -155,6 +157,35 @@ TEST_F(AbcRoundTrip, EachKindOfLossIsKnown)
     };
     for (auto const& c : aCase)
         EXPECT_EQ(Again(c.sScore), c.sBack) << c.sLoss;
+}
+
+TEST_F(AbcRoundTrip, ABowingWithNoChordAheadOfItGoesToTheHeadOfTheStaff)
+{
+    Write(1, "n0/96 up n1/48 down n2/48 |");
+    std::string const sTune = Tune("T");
+    Score_EmptyStaffs();
+    ReadText(sTune);
+    EXPECT_EQ(Read(1), "down up title\"T\" clef:1 time:4/4 n0/96 n1/48 n2/48 | nl");
+}
+
+TEST_F(AbcRoundTrip, MarksAndFingeringsAreLost)
+{
+    Element el;
+    for (int32_t const lSort : {MARKBEGIN, MARKEND})
+    {
+        el.sort = lSort;
+        el.lStaff = 1;
+        List_AddLast(aStaffList[1], &el, el.storage);
+    }
+    Element* const pelNote = Write(1, "n0/192 |");
+    pelNote->lString = 2;
+    pelNote->lFret = 1;
+    pelNote->lB = 100;
+    std::string const sTune = Tune("T");
+    Score_EmptyStaffs();
+    ReadText(sTune);
+    EXPECT_EQ(Read(1), "title\"T\" clef:1 time:4/4 n0/192 | nl");
+    EXPECT_EQ(test::Column(1, &Element::lString), "0 0 0 0 0 0");
 }
 
 TEST_F(AbcRoundTrip, WordsBeyondALinesLengthAreReadAsMusic)

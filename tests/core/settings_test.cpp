@@ -14,6 +14,8 @@ struct BrokenStore : SettingsStore
 {
     int32_t Read(std::string_view, int32_t*) override { return ERROR_ACCESS_DENIED; }
     int32_t Write(std::string_view, int32_t) override { return ERROR_ACCESS_DENIED; }
+    std::vector<std::string> ReadTexts(std::string_view) override { return {}; }
+    int32_t WriteTexts(std::string_view, std::vector<std::string> const&) override { return ERROR_ACCESS_DENIED; }
 };
 
 struct Settings : testing::Test

@@ -11,6 +11,7 @@ from screen import Atspi
 
 MARKER = "F12"  # a key without a meaning: once it is in the journal, the command before it has ended
 TUNE = "cooley.abc"
+RECENT = "1 " + TUNE
 EXIT = ("File", "Exit")
 SETTINGS = "Settings"
 KEYBOARD_MODE = ("Action", "Keyboard mode\tEsc")
@@ -48,7 +49,7 @@ class EveryCommand(screen.EditorTest):
             for child in children(thing):
                 if child.get_role_name() == "popup menu":
                     walk(child, path)
-                elif child.get_role_name() == "menu item":
+                elif child.get_role_name() == "menu item" and child.get_name():  # a recent file to come has none
                     inside = path + (child,)
                     if child.get_child_count():
                         walk(child, inside)
@@ -96,6 +97,10 @@ class EveryCommand(screen.EditorTest):
         self.screen.press("Escape")
         self.editor.wait("the end of the manual", lambda: not self.editor.showing("frame", "Zarn help"))
 
+    def take_the_tune(self):
+        self.editor.wait_for_title("SelectTune")
+        self.screen.press("Down", "Return")
+
     def choose(self, items):
         """False when the entry is grey."""
         if not items[-1].get_state_set().contains(Atspi.StateType.ENABLED):
@@ -104,6 +109,8 @@ class EveryCommand(screen.EditorTest):
         self.click_along(items)
         if items[-1].get_name() == "Help":
             self.read_the_manual()
+        elif items[-1].get_name().startswith(RECENT):
+            self.take_the_tune()
         self.finish()
         self.assertTrue(any(line.startswith("command ") for line in self.journal()[before:]), items[-1].get_name())
         return True

@@ -64,7 +64,9 @@ static void ResetInstrument()
 
 ScriptedProcess::ScriptedProcess() : previous(host)
 {
-    host = {.pUser = &user, .pSettings = &settings, .pDoor = nullptr};
+    host = Host{};
+    host.pUser = &user;
+    host.pSettings = &settings;
     hwndMain = nullptr;
     Serious_Rearm();
     ResetScore();
