@@ -202,6 +202,7 @@ int32_t Task_Replay(Options const& options, DocumentMaker pMaker)
     int32_t lStatus = Replay_Play(sJournal, process.user,
                                   [](std::string_view sLine)
                                   { std::fprintf(stderr, "%.*s\n", static_cast<int>(sLine.size()), sLine.data()); });
+    process.user.pOnShown = [](Shown const& shown) { std::fprintf(stderr, "%s\n", Shown_Line(shown).c_str()); };
     if (!options.sOutput.empty() && !Export_Write(options.sOutput, FormatOf(options), pMaker))
         lStatus = lStatusFailed;
     return lStatus;

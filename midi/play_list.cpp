@@ -70,24 +70,17 @@ public:
     {
         Section section;
         section.pel = StaffFirst(lStaff);
-        while (section.pel && !bTooLong)
-        {
-            Build(section, Pass::OUTSIDE, 0, 0);
-            section.pel = Next(section.pel);
-        }
+        Build(section, Pass::OUTSIDE, 0, 0);
+        // A repeat end that nothing opened ends the play. What stands behind it has pitches all the same, but its
+        // chords must not become the last ones heard.
+        PitchesFrom(section, section.pel ? Next(section.pel) : nullptr);
     }
 
     /// Pitches alone, each symbol once and in order.
-    void StaffOnce(int32_t lStaff)
+    static void StaffOnce(int32_t lStaff)
     {
         Section section;
-        for (Element* pel = StaffFirst(lStaff); pel; pel = Next(pel))
-        {
-            if (pel->sort == NOTE)
-                pel->lPitch = Midi(section, pel->lDiaPitch);
-            else
-                Accidentals(section, pel);
-        }
+        PitchesFrom(section, StaffFirst(lStaff));
     }
 
     [[nodiscard]] bool IsTooLong() const { return bTooLong; }
@@ -118,6 +111,17 @@ private:
     static void ForgetAccidentals(Section& section)
     {
         section.aSharps = section.aFlats = section.aNaturals = AccidentalSet{};
+    }
+
+    static void PitchesFrom(Section& section, Element* pelFirst)
+    {
+        for (Element* pel = pelFirst; pel; pel = Next(pel))
+        {
+            if (pel->sort == NOTE)
+                pel->lPitch = Midi(section, pel->lDiaPitch);
+            else
+                Accidentals(section, pel);
+        }
     }
 
     /// What a symbol that makes no sound does to the notes behind it.
@@ -398,7 +402,7 @@ static void RefreshStaffPitches(int32_t lStaff)
     Builder builder(PlayStyle{}, nullptr, lVisits * (List_Card(aStaffList[lStaff]) + 1));
     builder.WholeStaff(lStaff);
     if (builder.IsTooLong())
-        builder.StaffOnce(lStaff);
+        Builder::StaffOnce(lStaff);
 }
 
 void RefreshPitches(int32_t lLastStaff)

@@ -194,6 +194,8 @@ TEST_F(CommandLine, AJournalPlaysBackAndWritesWhatCameOut)
     EXPECT_NE(sErr.find("question: Left margin percent (0) -> number 12"), std::string::npos);
     EXPECT_TRUE(Has("x.zrn"));
     Write(folder / "k", "command 601\nexpect nothing of the kind\n");
+    EXPECT_EQ(Run("--replay j -o no/such/x.abc book.abc"), 1);
+    EXPECT_NE(sErr.find("message: File failed to save"), std::string::npos) << "the failure of the writing is told too";
     EXPECT_EQ(Run("--replay k book.abc"), 1);
     EXPECT_EQ(Run("--replay nosuch book.abc"), 1);
 }

@@ -344,6 +344,15 @@ TEST_F(PlayListTest, ARefreshGoesOnBehindAnEndThatEndsThePlay)
     EXPECT_EQ(Column(1, &Element::lPitch), "64 66 64 66 64 66");
 }
 
+TEST_F(PlayListTest, ARefreshHearsNoChordsBehindAnEndThatEndsThePlay)
+{
+    lLastChordRoot = lLastChordKind = -1;
+    Write(1, "n3/48 :| chord\"G\" 1st n3/48");
+    RefreshPitches(1);
+    EXPECT_EQ(lLastChordRoot, -1) << "a chord / that follows would repeat it";
+    EXPECT_TRUE(process.user.shown.empty()) << "nor does it tell of what isn't played";
+}
+
 TEST_F(PlayListTest, ARefreshKnowsThatAFirstTimeBarIsLeftOutTheSecondTime)
 {
     Write(1, "key:1 |: n3/48 1st key:0 n3/48 :| n3/48");
