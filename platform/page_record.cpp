@@ -3,29 +3,29 @@
 
 namespace zarn
 {
-void PageRecord::Line(POINT from, POINT to, Pen const& pen) { aCalls.push_back(LineCall{from, to, pen}); }
+void PageRecord::Line(POINT from, POINT to, Pen const& pen) { aCalls.emplace_back(LineCall{from, to, pen}); }
 
 void PageRecord::Box(RECT box, Pen const& pen, Brush const& brush)
 {
-    aCalls.push_back(BoxCall{box, pen, brush, false});
+    aCalls.emplace_back(BoxCall{box, pen, brush, false});
 }
 
 void PageRecord::Ellipse(RECT box, Pen const& pen, Brush const& brush)
 {
-    aCalls.push_back(BoxCall{box, pen, brush, true});
+    aCalls.emplace_back(BoxCall{box, pen, brush, true});
 }
 
 void PageRecord::Polygon(std::span<POINT const> points, Pen const& pen, Brush const& brush)
 {
-    aCalls.push_back(PolygonCall{{points.begin(), points.end()}, pen, brush});
+    aCalls.emplace_back(PolygonCall{{points.begin(), points.end()}, pen, brush});
 }
 
 void PageRecord::Text(double x, double baseline, std::string_view sText, TextStyle const& style)
 {
-    aCalls.push_back(TextCall{x, baseline, std::string(sText), style});
+    aCalls.emplace_back(TextCall{x, baseline, std::string(sText), style});
 }
 
-void PageRecord::Fill(RECT box, COLORREF color) { aCalls.push_back(FillCall{box, color}); }
+void PageRecord::Fill(RECT box, COLORREF color) { aCalls.emplace_back(FillCall{box, color}); }
 
 void PageRecord::Play(Surface& surface) const
 {
