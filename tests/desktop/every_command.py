@@ -29,7 +29,7 @@ MESSAGES = {
     "Adding lyrics like this only works in keyboard mode.  Hit Esc to switch modes and put the cursor just before the "
     "note",
     "No MIDI input devices available",
-    "Unrecognised MIDI in error",
+    "There is no such MIDI device any more",
     "Midi input handle=NULL",
 }
 
