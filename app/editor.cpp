@@ -8,10 +8,10 @@
 #include "platform/program_sound.h"
 #include "platform/user_folders.h"
 #include "shell/door.h"
+#include "shell/file_names.h"
 #include "shell/startup.h"
 
 #include <cstdlib>
-#include <filesystem>
 
 namespace zarn
 {
@@ -25,14 +25,6 @@ static int32_t RunProgram(Options const& options, DesktopHost& desktop)
     int32_t const lCode = desktop.Run();
     ShutDown();
     return lCode;
-}
-
-/// The window that opens it may stand in another folder.
-static std::string WholePath(std::string const& szName)
-{
-    std::error_code error;
-    std::filesystem::path const whole = std::filesystem::absolute(szName, error);
-    return error ? szName : whole.string();
 }
 
 /// ZARN_AUTOSAVE_SECONDS, 1 to 86400, sets how often; anything else leaves it at two minutes.

@@ -6,6 +6,19 @@
 
 namespace zarn
 {
+std::string WholePath(std::string const& szName)
+{
+    if (szName.empty())
+        return {};
+    std::error_code error;
+    std::filesystem::path const whole = std::filesystem::absolute(szName, error);
+    if (error)
+        return szName;
+    // "folder/.." isn't always nothing: the folder may be a link.
+    bool const bUpward = std::find(whole.begin(), whole.end(), "..") != whole.end();
+    return bUpward ? whole.string() : whole.lexically_normal().string();
+}
+
 std::string ShortName(std::string_view szName)
 {
     size_t const lSlash = szName.find_last_of("/\\");

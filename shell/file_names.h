@@ -31,6 +31,8 @@ inline std::optional<int32_t> lPlaceInAbcFile;
 [[nodiscard]] FileType FileTypeOf(std::string_view szName);
 /// The same text, or a text that differs in upper and lower case alone and leads to the same file.
 [[nodiscard]] bool SameFileName(std::string const& szA, std::string const& szB);
+/// From the root, for whoever stands in another folder; empty for an empty name.
+[[nodiscard]] std::string WholePath(std::string const& szName);
 /// "songs/tune.abc" gives "tune.abc".
 [[nodiscard]] std::string ShortName(std::string_view szName);
 /// The extension with its dot as it is written; empty when there is none.

@@ -18,14 +18,6 @@ constexpr char const* sFolderSetting = "Last folder";
 /// As the menu shows it.
 static std::vector<std::string> aShown;
 
-/// A name of the command line may tell the place from the folder of this start only.
-static std::string WholePath(std::string const& szName)
-{
-    std::error_code error;
-    std::filesystem::path const whole = std::filesystem::absolute(szName, error).lexically_normal();
-    return error ? szName : whole.string();
-}
-
 /// "&2 tune.abc - /home/me/tunes"; what would be a mnemonic or a key in a name is shown as it is.
 static std::string ItemText(size_t nNumber, std::string const& szPath)
 {

@@ -6,7 +6,6 @@
 #include "shell/file_names.h"
 
 #include <charconv>
-#include <filesystem>
 #include <utility>
 
 namespace zarn
@@ -61,16 +60,6 @@ void Numbers(std::string_view sText, NUMBERS&... numbers)
         (void)error; // leaves the number as it was
     };
     (take(numbers), ...);
-}
-
-/// The session that takes it up may run in another folder.
-std::string WholePath(std::string const& szName)
-{
-    if (szName.empty())
-        return {};
-    std::error_code error;
-    std::filesystem::path const whole = std::filesystem::absolute(szName, error);
-    return error ? szName : whole.string();
 }
 
 void TakeLine(SessionNames& names, std::string_view sWord, std::string_view sValue)

@@ -81,7 +81,7 @@ TEST_F(RefusedFiles, ADiskThatIsFullLeavesTheOldFileAndNothingBesideIt)
         {
             int const lOwnUser = ::geteuid() == 0 ? 0 : CLONE_NEWUSER;
             if (::unshare(CLONE_NEWNS | lOwnUser) != 0 ||
-                ::mount("", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+                ::mount("none", "/", "none", MS_REC | MS_PRIVATE, nullptr) != 0 ||
                 ::mount("tmpfs", folder.c_str(), "tmpfs", 0, "size=128k") != 0)
                 return lNotAllowed;
             Put(path, "old");

@@ -1,5 +1,6 @@
 #include "shell/file_names.h"
 
+#include <filesystem>
 #include <gtest/gtest.h>
 
 namespace zarn
@@ -26,5 +27,13 @@ TEST(FileNames, TheShortNameIsWhatStandsBehindTheFolders)
     EXPECT_EQ(ShortName("/home/me/songs/tune.abc"), "tune.abc");
     EXPECT_EQ(ShortName("tune.abc"), "tune.abc");
     EXPECT_EQ(ShortName("songs/"), "");
+}
+
+TEST(FileNames, AWholePathKeepsWhatALinkMayTurn)
+{
+    EXPECT_EQ(WholePath(""), "");
+    EXPECT_EQ(WholePath("/a/./b//c.abc"), "/a/b/c.abc");
+    EXPECT_EQ(WholePath("/link/../c.abc"), "/link/../c.abc");
+    EXPECT_EQ(WholePath("c.abc"), (std::filesystem::current_path() / "c.abc").string());
 }
 } // namespace zarn

@@ -136,7 +136,7 @@ TEST_F(RecentStart, ANameOfTheCommandLineIsRememberedWhole)
     auto const before = std::filesystem::current_path();
     MakeFile("three.abc", sTwoTunes);
     std::filesystem::current_path(pFolder);
-    ASSERT_TRUE(StartUp("three.abc"));
+    ASSERT_TRUE(StartUp("./three.abc"));
     std::filesystem::current_path(before);
     EXPECT_EQ(LoadTexts("Recent files"), std::vector<std::string>{Path("three.abc")});
 }
