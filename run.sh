@@ -14,5 +14,5 @@ if [ "${1:-}" = --deb ]; then
 fi
 install_missing $packages_run
 cmake -S "$top" --preset release -B "$build" >/dev/null
-cmake --build "$build" --target zarn zarn_desktop zarn_sound
+cmake --build "$build" --target zarn_program
 exec "$build/zarn" "$@"

@@ -9,8 +9,8 @@ packages_deb="dpkg-dev file gzip"
 # To test besides.
 packages_test="libgtest-dev libgmock-dev libbenchmark-dev xvfb xauth openbox xdotool x11-utils scrot poppler-utils
                librsvg2-bin libxml2-utils python3 python3-gi gir1.2-atspi-2.0 at-spi2-core dbus-daemon
-               python3-mido abcmidi desktop-file-utils shared-mime-info libglib2.0-bin man-db appstream
-               fluidsynth jackd2 pulseaudio pulseaudio-utils cups-daemon cups-client"
+               python3-mido abcmidi fluidsynth jackd2 pulseaudio pulseaudio-utils cups-daemon cups-client
+               desktop-file-utils shared-mime-info libglib2.0-bin man-db appstream"
 # To try the package in a system of its own.
 packages_clean="mmdebstrap lintian"
 

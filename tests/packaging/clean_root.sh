@@ -43,6 +43,10 @@ for ending in pdf png svg mid abc zrn; do
     zarn -q -o "tune.$ending" /usr/share/zarn/samples/cooley.abc
     test -s "tune.$ending"
 done
+if test -e /usr/lib/zarn/libzarn_sound.so; then
+    zarn -q -o tune.wav /usr/share/zarn/samples/cooley.abc
+    test -s tune.wav
+fi
 zarn -q --tablature -o tune.tab /usr/share/zarn/samples/skye-boat-song.abc
 test -s tune.tab
 man -w zarn >/dev/null

@@ -19,6 +19,7 @@ sys.path.insert(0, os.path.join(HERE, "..", "desktop"))
 sys.dont_write_bytecode = True
 import screen  # noqa: E402
 
+SOUND = "usr/lib/zarn/libzarn_sound.so"
 SCORE, ABC, MIDI = "application/x-zarn", "text/vnd.abc", "audio/midi"
 CONTENTS = """
 usr/bin/zarn
@@ -101,6 +102,9 @@ class Package(DebTest):
 
     def test_it_depends_on_the_libraries_of_its_modules_and_on_what_they_load(self):
         depends = self.field("Depends")
+        if os.path.exists(os.path.join(self.inside, SOUND)):
+            self.assertIn("timgm6mb-soundfont", depends)
+            self.assertIn("libfluidsynth", depends)
         for name in ("libc6", "libstdc++6", "libqt6gui6", "libqt6widgets6", "fonts-dejavu-core", "shared-mime-info"):
             self.assertIn(name, depends)
         self.assertEqual(self.field("Version").split("-")[0], run(os.path.join(self.inside, "usr/bin/zarn"),
@@ -172,8 +176,11 @@ class Installed(DebTest):
 
     def test_it_converts(self):
         tune = os.path.join(self.samples, "cooley.abc")
-        for name, beginning in (("tune.pdf", b"%PDF"), ("tune.png", b"\x89PNG"), ("tune.mid", b"MThd"),
-                                ("tune.svg", b"<?xml"), ("tune.abc", b"X:")):
+        outputs = {"tune.pdf": b"%PDF", "tune.png": b"\x89PNG", "tune.svg": b"<?xml", "tune.mid": b"MThd",
+                   "tune.abc": b"X:"}
+        if os.path.exists(os.path.join(self.root, SOUND)):
+            outputs["tune.wav"] = b"RIFF"
+        for name, beginning in outputs.items():
             out = os.path.join(self.folder, name)
             run(self.program, "-q", "-o", out, tune, env=self.in_the_root())
             with open(out, "rb") as file:

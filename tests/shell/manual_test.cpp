@@ -88,7 +88,7 @@ void CollectLabels(std::vector<MenuItem> const& aItems, std::vector<std::string>
 {
     for (MenuItem const& item : aItems)
     {
-        if (item.sLabel && item.sLabel[0] != '\0') // a recent file has its name only once there is one
+        if (item.sLabel && *item.sLabel) // a file of the user's own has no label before there is one
             aLabels.emplace_back(item.sLabel);
         CollectLabels(item.aItems, aLabels);
     }
