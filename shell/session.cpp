@@ -75,10 +75,7 @@ std::string ScoreBytes()
 
 bool WriteWhole(std::string const& szPath, std::string const& sBytes)
 {
-    HFILE const hFile = _lcreat(szPath);
-    bool const bWritten = hFile && _lwrite(hFile, sBytes.data(), static_cast<int32_t>(sBytes.size())) ==
-                                       static_cast<int32_t>(sBytes.size());
-    return _lclose(hFile) && bWritten;
+    return File_WriteWhole(szPath, sBytes) == FileWritten::WHOLE;
 }
 
 std::string ReadWhole(std::string const& szPath)
