@@ -52,8 +52,8 @@ TEST_F(CommandLine, WrongWordsGiveStatusTwoAndOneClearLine)
 {
     EXPECT_EQ(Run("--nonsense"), 2);
     EXPECT_NE(sErr.find("unknown option --nonsense"), std::string::npos);
-    EXPECT_EQ(Run("-o x.wav book.abc"), 2);
-    EXPECT_FALSE(Has("x.wav"));
+    EXPECT_EQ(Run("-o x.mp3 book.abc"), 2);
+    EXPECT_FALSE(Has("x.mp3"));
     EXPECT_EQ(Run("--exchange -o x.zrn book.abc"), 2);
     EXPECT_NE(sErr.find("--exchange goes with -o and a file that ends in .mid"), std::string::npos);
 }

@@ -45,4 +45,13 @@ TEST_F(ModuleFolder, AFileThatIsNoModuleIsToldWithTheReason)
     }
 }
 
+TEST_F(ModuleFolder, WithoutTheSoundModuleThereIsASentence)
+{
+    EXPECT_EQ(LoadSound(top / "bin", {}, sError), nullptr);
+    EXPECT_NE(sError.find("The sound part of Zarn is missing"), std::string::npos) << sError;
+    std::ofstream(top / "lib" / "zarn" / "libzarn_sound.so") << "not a module";
+    EXPECT_EQ(LoadSound(top / "bin", {}, sError), nullptr);
+    EXPECT_NE(sError.find("The sound part of Zarn can't be loaded"), std::string::npos) << sError;
+}
+
 TEST(Module, TheProgramKnowsWhereItLies) { EXPECT_TRUE(fs::is_directory(ExecutableFolder())); }
