@@ -149,8 +149,6 @@ TEST_F(AbcRoundTrip, EachKindOfLossIsKnown)
         {"further titles", "title\"One\" title\"Two\" n0/192 |", "time:4/4 n0/192 | nl"},
         {"notes beyond the names", "n28/192 |", "time:4/4 abc\"X\" abc\"8\" | nl"},
         {"a tempo of nothing", "tempo:0 n0/192 |", "time:4/4 n0/192 | nl"},
-        {"a slur ahead of a repeat's start", "slur( |: n0/96 n1/96 slur) :|",
-         "time:4/4 |: slur( n0/96 n1/96 slur) :| nl"},
         {"lines within words", "lyr\"one\ntwo\" n0/192 |", "time:4/4 lyr\"one two\" n0/192 | nl"},
         {"a chord's tie reaches back as well",
          "[n0/48 n2/48] [n0/48/flag=1 n2/48/flag=1] tie [n0/96/flag=2 n2/96/flag=2] |",
