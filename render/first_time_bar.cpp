@@ -4,6 +4,7 @@
 #include "core/score.h"
 #include "render/bar_glyphs.h"
 #include "render/geometry.h"
+#include "render/pages.h"
 #include "render/reach.h"
 
 #include <algorithm>
@@ -47,8 +48,10 @@ int32_t DrawFirstTimeBar(HDC hdc, Element* pel)
     for (;;)
     {
         int32_t const yTop = std::min(MinLY(pelFrom, Next(pelTo)), LineAboveStaff(pelFrom));
-        r |= RepeatFirstLine(hdc, pelFrom->lX, pelTo->lX, yTop);
-        if (pelFrom == pel)
+        bool const bHere = IsOnPage(pelFrom);
+        if (bHere)
+            r |= RepeatFirstLine(hdc, pelFrom->lX, pelTo->lX, yTop);
+        if (bHere && pelFrom == pel)
             r |= RepeatFirstHook(hdc, pelFrom->lX, yTop);
         if (pelTo == pelEnd || pelTo->lStrX >= pelEnd->lStrX)
             return r;

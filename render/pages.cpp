@@ -7,6 +7,7 @@
 
 #include "core/text.h"
 #include "layout/right_justify.h"
+#include "render/first_time_bar.h"
 #include "render/font.h"
 #include "render/geometry.h"
 #include "render/page_foot.h"
@@ -47,6 +48,8 @@ public:
     int32_t Page(HDC hdc)
     {
         int32_t const lTo = FindEnd();
+        lPageBegin = lFrom;
+        lPageEnd = lTo;
         if (hdc)
             Draw(hdc, lTo);
         lBegan = std::exchange(lFrom, lTo);
@@ -112,6 +115,9 @@ private:
             if (!StaffFirst(lStaff))
                 RuleLine(hdc, nullptr, 1);
         }
+        for (Element* const pel : aFirstTime)
+            if (pel && !pel->fHidden)
+                DrawFirstTimeBar(hdc, pel);
     }
 
     /// What the page's symbols reach: they, the last line of notes ahead, the line behind, and what ties, slurs,
@@ -154,6 +160,10 @@ private:
                 lSinceNote = place.pel->sort == NOTE ? 0 : lSinceNote + 1;
                 if (lSinceNote == 0 || lSinceNote > lLongestReach)
                     aLineBefore[lStaff] = line;
+                if (place.pel->sort == REPEATFIRST)
+                    aFirstTime[lStaff] = place.pel;
+                else if (place.pel->sort == REPEATEND || place.pel->sort == REPEATENDSTART)
+                    aFirstTime[lStaff] = nullptr;
             }
             bMore = bMore || IsAnythingLeft(place.pel);
         }
@@ -164,8 +174,9 @@ private:
 
     Places aPlace;      ///< the first element of each staff that no page has shown yet
     Places aLineBefore; ///< the first one on the line of the last note ahead of it, which a tie may begin at
-    int32_t lFrom = 0;  ///< the page's first column
-    int32_t lBegan = 0; ///< that of the page before
+    std::array<Element*, lStaffLists> aFirstTime = {}; ///< the first-time bar that goes on from the page before
+    int32_t lFrom = 0;                                 ///< the page's first column
+    int32_t lBegan = 0;                                ///< that of the page before
 };
 
 std::optional<PageWalk> pageWalk; ///< of the pages being drawn
@@ -181,7 +192,7 @@ int32_t DrawPage(HDC hdc, bool fFirst)
     return lPageEnd;
 }
 
-int32_t DrawPagesFromView(PageSink& sink, int32_t lOnlyPage)
+static int32_t RunPages(PageSink& sink, int32_t lOnlyPage)
 {
     int32_t lPage = 0;
     for (bool fFirst = true;; fFirst = false)
@@ -198,6 +209,14 @@ int32_t DrawPagesFromView(PageSink& sink, int32_t lOnlyPage)
         if ((bWanted && !sink.EndPage(hdc)) || lEnd == lEndOfScore)
             return lPage;
     }
+}
+
+int32_t DrawPagesFromView(PageSink& sink, int32_t lOnlyPage)
+{
+    int32_t const cPages = RunPages(sink, lOnlyPage);
+    lPageBegin = 0;
+    lPageEnd = lEndOfScore;
+    return cPages;
 }
 
 int32_t DrawPages(PageSink& sink, PageFormat const& format)

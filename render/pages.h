@@ -1,6 +1,7 @@
 /// The Score on pages of a given size: paper, PDF, pictures.
 #pragma once
 #include "platform/gdi.h"
+#include "render/geometry.h"
 
 #include <cstdint>
 
@@ -8,7 +9,15 @@ namespace zarn
 {
 constexpr int32_t lEndOfScore = 0x7FFFFFFF; ///< where the last page ends
 
-inline int32_t lPageEnd = 0; ///< where the last page drawn stopped: a column, or lEndOfScore. Written by DrawPage.
+// The columns of the page that is drawn, or was drawn last. Written by DrawPage.
+inline int32_t lPageBegin = 0;         ///< the first one
+inline int32_t lPageEnd = lEndOfScore; ///< the first one behind it, or lEndOfScore
+
+/// False when the element is on another page than the one that is drawn; always true on the screen.
+[[nodiscard]] inline bool IsOnPage(Element const* pel)
+{
+    return !bPrinting || (pel->lStrX >= lPageBegin && pel->lStrX < lPageEnd);
+}
 
 /// Where pages go.
 class PageSink

@@ -12,6 +12,7 @@
 #include "render/key_signature.h"
 #include "render/legers.h"
 #include "render/note_glyphs.h"
+#include "render/pages.h"
 #include "render/rest_glyphs.h"
 #include "render/ruling.h"
 #include "render/slurs.h"
@@ -42,7 +43,7 @@ static void JoinChord(HDC hdc, Element* pel)
         pelOther = ChordLast(pel);
     else if (!pel->up && lChord == fChordBefore)
         pelOther = ChordFirst(pel);
-    if (pelOther && !(OffPage(pel->lY) && OffPage(pelOther->lY)))
+    if (pelOther && IsOnPage(pelOther) && !(OffPage(pel->lY) && OffPage(pelOther->lY)))
         VLine(hdc, pel->up ? pel->lX + (lBlobX >> 1) : pel->lX - (lBlobX >> 1), pel->lY, pelOther->lY, lStemPerCent);
 }
 

@@ -5,6 +5,7 @@
 #include "layout/right_justify.h"
 #include "platform/headless/recording_surface.h"
 #include "render/draw_score.h"
+#include "render/first_time_bar.h"
 #include "render/font.h"
 #include "render/geometry.h"
 #include "render/key_signature.h"
@@ -361,6 +362,22 @@ int32_t FirstLineBelow(int32_t lYFoot)
     return lLeast == INT32_MAX ? lLeast : LineStart(lLeast);
 }
 
+/// Draws what first-time bars that began on earlier pages have on this one.
+void DrawOpenFirstTimes(HDC hdc, int32_t lFrom)
+{
+    for (int32_t lStaff = 1; lStaff <= lStaffCount; ++lStaff)
+    {
+        Element* pelOpen = nullptr;
+        for (Element* pel = StaffFirst(lStaff); pel && pel->lStrX < lFrom; pel = Next(pel))
+            if (pel->sort == REPEATFIRST)
+                pelOpen = pel;
+            else if (pel->sort == REPEATEND || pel->sort == REPEATENDSTART)
+                pelOpen = nullptr;
+        if (pelOpen)
+            DrawFirstTimeBar(hdc, pelOpen);
+    }
+}
+
 /// The page loop in its plainest form: all of the Score folded and looked at for each page.
 std::string PlainPages()
 {
@@ -382,7 +399,11 @@ std::string PlainPages()
         int32_t lTo = FirstLineBelow(lTopMarginPx + lPageHeight);
         if (lTo <= lFrom)
             lTo = NextLine(lFrom);
-        if (!DrawScore(&dc, nullptr, lFrom, lTo))
+        lPageBegin = lFrom;
+        lPageEnd = lTo;
+        bool const bMore = DrawScore(&dc, nullptr, lFrom, lTo);
+        DrawOpenFirstTimes(&dc, lFrom);
+        if (!bMore)
             break;
         lScroll += SystemHeight() * (lTo / lColsPerLine - lFrom / lColsPerLine);
         lFrom = lTo;

@@ -137,46 +137,26 @@ TEST_F(Pages, NoScoreOfAnyKindIsCutAtTheFootOfAPage)
     bTabShowing = bRightJustified = false;
 }
 
-/// The columns where pages begin, and what is drawn on them.
-TEST_F(Pages, APageIsWhatAPlainDrawingOfItsColumnsShows)
+TEST_F(Pages, AFirstTimeBarGoesOnFromPageToPage)
 {
-    std::mt19937 random(3);
-    for (int32_t n = 0; n < 20; ++n)
+    std::vector<int32_t> aBoxes[2];
+    for (int32_t n : {0, 1})
     {
         List_Clear(aStaffList[1]);
-        List_Clear(aStaffList[2]);
-        SetStaffCount(2);
-        test::WriteRandomStaff(random, 1, 600);
-        test::WriteRandomStaff(random, 2, 500);
-        bRightJustified = n % 2 == 1;
-        FullAdjust();
-        BeginPrintUnits(1200, 900, true);
-        Font_BeginPrint();
-        int32_t lFrom = 0;
-        for (bool fFirst = true; lFrom != lEndOfScore; fFirst = false)
-        {
-            RecordingSurface page({1200, 900});
-            DeviceContext dc{.pSurface = &page};
-            int32_t const lTo = DrawPage(&dc, fFirst);
-            EXPECT_EQ(lTo, lPageEnd);
-
-            ReGrid();
-            RecordingSurface plain({1200, 900});
-            DeviceContext plainDc{.pSurface = &plain};
-            SelectObject(&plainDc, GetStockObject(BLACK_BRUSH));
-            Font_Select(&plainDc);
-            plainDc.defaultEm = dc.defaultEm;
-            bool const bMore = DrawScore(&plainDc, nullptr, lFrom, lTo);
-            EXPECT_EQ(page.All(), plain.All()) << "score " << n << " from " << lFrom;
-            EXPECT_EQ(bMore, lTo != lEndOfScore);
-            if (bMore)
-                lScroll += SystemHeight() * ((lTo - lFrom) / lColsPerLine);
-            lFrom = lTo;
-        }
-        Font_EndPrint();
-        EndPrintUnits();
+        WriteLines({n == 1 ? "clef:1 n4/48 1st n4/48" : "clef:1 n4/48 sp n4/48", "n4/48 n4/48", "n4/48 n4/48 :|",
+                    "n4/48 n4/48"});
+        VirtualPrinter printer;
+        VirtualDocument document("", printer, true);
+        EXPECT_EQ(DrawDocument(document, {1200, 300, true, 0}), 4);
+        std::string sIgnored;
+        ASSERT_TRUE(document.Finish(sIgnored));
+        for (std::string const& sPage : printer.aPrinted.at(0).aPages)
+            aBoxes[n].push_back(test::Count(sPage, "box"));
     }
-    bRightJustified = false;
+    for (size_t nPage = 0; nPage < 4; ++nPage)
+        EXPECT_EQ(aBoxes[1][nPage] > aBoxes[0][nPage], nPage < 3) << "page " << nPage + 1;
+    EXPECT_EQ(aBoxes[1][1], aBoxes[0][1] + 1);
+    EXPECT_EQ(aBoxes[1][2], aBoxes[0][2] + 1);
 }
 
 TEST_F(Pages, OneAloneIsTheSameAsAmongTheOthers)

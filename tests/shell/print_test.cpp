@@ -422,7 +422,7 @@ TEST_F(Printing, TheFontIsThatOfThePrintersUnits)
     Print(1);
     // Rows of 12 pixels on the paper and of 7 on the screen: cells of 48 and 28.
     EXPECT_THAT(sScreen, HasSubstr("em 24.05 "));
-    EXPECT_THAT(Printed().aPages[0], HasSubstr("em 41.24 "));
+    EXPECT_THAT(Printed().aPages[0], HasSubstr("em 41.23 "));
     EXPECT_EQ(OnScreen(), sScreen);
 }
 
