@@ -95,7 +95,7 @@ else
 fi
 
 if [ "$have_zarn" ]; then row "pdf, 10000 notes: zarn" "$zarn -q -o z.pdf 10000.abc"; else skip "pdf, 10000 notes: zarn" "not built"; fi
-"$build/zarn_make_reels" 26500 >pages.abc
+"$build/zarn_make_reels" 23000 >pages.abc
 if [ "$have_zarn" ]; then row "pdf, 100 pages: zarn" "$zarn -q -o z.pdf pages.abc"; else skip "pdf, 100 pages: zarn" "not built"; fi
 if has abcm2ps && has ps2pdf; then
     row "pdf, 10000 notes: abcm2ps and ps2pdf" "abcm2ps -q -O a.ps 10000.abc && ps2pdf a.ps a.pdf"

@@ -192,8 +192,10 @@ void QtWindow::Enable(bool bOn)
 {
     frame.menuBar()->setEnabled(bOn);
     frame.centralWidget()->setEnabled(bOn);
-    if (bOn)
-        TakeFocus();
+    if (!bOn)
+        return;
+    TakeFocus();
+    Later([this] { TakeFocus(); }); // once the box that stood over it has gone
 }
 
 void QtWindow::Post(void (*pAction)())

@@ -133,7 +133,7 @@ class PrintQueue(screen.EditorTest):
         words = [label.get_name() for label in self.editor.showing("label")]
         for part in parts:
             self.assertTrue(any(part in text for text in words), words)
-        self.screen.press("Return")
+        self.editor.click_on("push button", "OK")
         self.editor.wait_for_title(self.title)
 
     def close(self):
