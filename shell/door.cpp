@@ -93,17 +93,17 @@ void ShellDoor::Receive(Event const& event)
 {
     if (!hwndMain)
         return;
+    if (PrintRun::IsOn())
+    {
+        if (event.kind == EventKind::SIZE)
+            PrintRun::Resized();
+        return;
+    }
     if (event.kind == EventKind::MIDI) // not the main window's: the latch of its messages stays
     {
         ++cEventsInHand;
         MidiIn_Message(event.lNumber, event.x, event.y);
         --cEventsInHand;
-        return;
-    }
-    if (PrintRun::IsOn())
-    {
-        if (event.kind == EventKind::SIZE)
-            PrintRun::Resized();
         return;
     }
     Serious_Rearm();
