@@ -284,7 +284,11 @@ private:
         Line(Format("\\%%%s omitted!\\", sWhat));
     }
 
-    void Put(std::string_view sText) { AbcPut(hFile, sText); }
+    void Put(std::string_view sText)
+    {
+        AbcPut(hFile, sText);
+        bLineEmpty = bLineEmpty && sText.empty();
+    }
 
     /// Text that leaves the line begun.
     void PutInLine(std::string_view sText)
@@ -294,19 +298,29 @@ private:
     }
 
     /// Text that ends its line.
-    void Line(std::string sText)
+    void Line(std::string_view sText)
     {
-        Put(sText.append(AbcLineEnd()));
+        EndLine(sText);
         bAtLineStart = true;
     }
 
     /// A line for itself: one that has been begun ends first, in sEnd.
     void OwnLine(char const* sEnd, std::string const& sText)
     {
-        std::string s;
         if (!bAtLineStart)
-            s.append(sEnd).append(AbcLineEnd());
-        Line(s + sText);
+            EndLine(sEnd);
+        Line(sText);
+    }
+
+    /// A line that holds nothing ends the tune to every reader: what stands behind it is not saved. It comes about
+    /// where a sign alone stands ahead of a symbol that begins a line.
+    void EndLine(std::string_view sText)
+    {
+        Put(sText);
+        if (bLineEmpty)
+            AbcNotSaved();
+        AbcPut(hFile, AbcLineEnd());
+        bLineEmpty = true;
     }
 
     HFILE hFile;
@@ -320,6 +334,7 @@ private:
     bool bAfterRepeatFirst = false;
     bool bNoteWritten = false;
     bool bTitleSeen = false;
+    bool bLineEmpty = true; ///< nothing has been written since the last line end
 };
 } // namespace
 

@@ -146,6 +146,18 @@ TEST_F(AbcRoundTrip, EachKindOfLossIsKnown)
          "time:4/4 n0/192 | |: abc\"M\" abc\":\" abc\"3\" abc\"/\" abc\"4\" nl n0/144 :| nl"},
         {"a repeat's end and the next one's start become one sign", "|: n0/192 :| |: n1/192 :|",
          "time:4/4 |: n0/192 :: n1/192 :| nl"},
+        {"a tempo that a sign precedes at a line's start ends the tune", "n0/192 | #3 tempo:60 n3/192 |",
+         "time:4/4 n0/192 |"},
+        {"and so does a key", "n0/192 | #3 key:2 n3/192 |", "time:4/4 n0/192 |"},
+        {"and a new line", "n0/192 | #3 nl n3/192 |", "time:4/4 n0/192 |"},
+        {"a meter behind a slur's start", "n0/192 | slur( time:3/4 n0/144 slur) |",
+         "time:4/4 n0/192 | slur( abc\"M\" abc\":\" abc\"3\" abc\"/\" abc\"4\" nl n0/144 slur) | nl"},
+        {"kept words behind a repeat's start are read as music", "n0/192 | |: abc\"w:la\" n0/192 :|",
+         "time:4/4 n0/192 | |: abc\"w\" abc\":\" abc\"l\" n12/24 nl n0/192 :| nl"},
+        {"a first-time bar that a clef precedes gets one bar line too many",
+         "|: n0/192 | clef:1 1st n1/192 :| n2/192 |", "time:4/4 |: n0/192 | | 1st n1/192 :| n2/192 | nl"},
+        {"a tie from one note of a chord alone", "n7/96 [n0/96/flag=1 n2/96] tie n0/192/flag=2 |",
+         "time:4/4 n7/96 [n0/96 n2/96] n0/192 | nl"},
         {"further titles", "title\"One\" title\"Two\" n0/192 |", "time:4/4 n0/192 | nl"},
         {"notes beyond the names", "n28/192 |", "time:4/4 abc\"X\" abc\"8\" | nl"},
         {"a tempo of nothing", "tempo:0 n0/192 |", "time:4/4 n0/192 | nl"},
@@ -158,6 +170,22 @@ TEST_F(AbcRoundTrip, EachKindOfLossIsKnown)
     };
     for (auto const& c : aCase)
         EXPECT_EQ(Again(c.sScore), c.sBack) << c.sLoss;
+}
+
+TEST_F(AbcRoundTrip, AScoreWhoseTextEndsEarlyStaysUnsaved)
+{
+    for (char const* const sEarly :
+         {"n0/192 | #3 tempo:60 n3/192 |", "n0/192 | #3 key:2 n3/192 |", "n0/192 | #3 nl n3/192 |"})
+    {
+        Score_EmptyStaffs();
+        Write(1, sEarly);
+        (void)Tune();
+        EXPECT_TRUE(bScoreDirty) << sEarly;
+    }
+    Score_EmptyStaffs();
+    Write(1, "n0/192 | #3 n3/192 | nl tempo:60 n3/192 |");
+    (void)Tune();
+    EXPECT_FALSE(bScoreDirty);
 }
 
 TEST_F(AbcRoundTrip, ABowingWithNoChordAheadOfItGoesToTheHeadOfTheStaff)
