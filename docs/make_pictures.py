@@ -10,6 +10,7 @@ import shutil
 import subprocess
 import sys
 import tempfile
+import time
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 sys.path.insert(0, os.path.join(HERE, "..", "tests", "desktop"))
@@ -44,6 +45,10 @@ class Pictures:
     def keep(self, name, area=None):
         """Writes a part of the screen, given by left, top, width and height; without one, all of it."""
         self.editor.still_picture()
+        self.keep_now(name, area)
+
+    def keep_now(self, name, area=None):
+        """The same while something moves."""
         words = ["scrot", "-o", "-p"]
         if area:
             left, top, right, bottom = area[0], area[1], area[0] + area[2], area[1] + area[3]
@@ -133,6 +138,18 @@ class Pictures:
         self.screen.press("Escape")
         self.editor.wait_for_title(TITLE)
 
+    def playing(self):
+        """The band that moves with the music, once it has reached the second bar."""
+        self.screen.press("p")
+        self.editor.wait_for_title("Zarn Message")
+        self.screen.press("Return")
+        self.editor.wait_for_title(TITLE)
+        time.sleep(2)
+        self.keep_now("playing", (0, 40, 640, 200))
+        self.screen.do("keydown", "ctrl")
+        self.editor.still_picture()
+        self.screen.do("keyup", "ctrl")
+
     def list_of_tunes(self):
         self.screen.press("ctrl+o")
         self.editor.wait_for_title("Open file")
@@ -149,7 +166,6 @@ class Pictures:
         subprocess.run([self.editor.program, *words, "skye-boat-song.abc"], cwd=self.folder, check=True,
                        stderr=subprocess.DEVNULL)
 
-
     def page(self, name, sample, size):
         """The first page of a sample, small enough for a page of the manual."""
         words = ["--quiet", "--page", "1", "--size", size, "--dpi", "64", "-o", os.path.join(HERE, name + ".png")]
@@ -159,7 +175,8 @@ class Pictures:
 def main():
     build = os.path.abspath(sys.argv[1] if len(sys.argv) > 1 else os.path.join(HERE, "..", "build", "release"))
     bus = screen.Bus()
-    folder = tempfile.mkdtemp(prefix="zarn-pictures-")
+    folder = os.path.join(tempfile.gettempdir(), "tunes")  # a picture shows its name
+    os.mkdir(folder)
     pictures = None
     try:
         pictures = Pictures(os.path.join(build, "zarn"), folder, bus)
@@ -169,6 +186,7 @@ def main():
         pictures.submenu("menu-settings", "Options", "Settings")
         pictures.dialogs()
         pictures.preview()
+        pictures.playing()
         pictures.list_of_tunes()
         pictures.page("page-words", "auld-lang-syne.zrn", "1200x640")
         pictures.page("page-staffs", "old-hundredth.zrn", "1200x720")

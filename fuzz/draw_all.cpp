@@ -27,9 +27,12 @@ public:
         dc.pSurface = &surface;
         return &dc;
     }
-    bool EndPage(HDC) override { return true; }
+    bool EndPage(HDC) override { return ++cPages < cMostPages; }
 
 private:
+    static constexpr int32_t cMostPages = 50; ///< a thousand pages show nothing that fifty don't
+
+    int32_t cPages = 0;
     NullSurface surface{{2480, 3508}};
     DeviceContext dc;
 };
