@@ -111,13 +111,19 @@ int32_t Task_Check(Options const& options)
     return cTerminalErrors || cTerminalComplaints ? lStatusFailed : lStatusGood;
 }
 
+/// The tune that is wanted of the file named first; false when there is none, and the user has been told.
+static bool ReadFirstTune(Options const& options)
+{
+    szTerminalFile = options.aFiles[0];
+    auto const aTunes = Tunes_Wanted(options.aFiles[0], options);
+    return aTunes && ReadScore(options.aFiles[0], aTunes->front().lNumber, options);
+}
+
 int32_t Task_Dump(Options const& options)
 {
     HeadlessProcess process;
     process.BeginConversion(options.lWidth, options.lHeight);
-    szTerminalFile = options.aFiles[0];
-    auto const aTunes = Tunes_Wanted(options.aFiles[0], options);
-    if (!aTunes || !ReadScore(options.aFiles[0], aTunes->front().lNumber, options))
+    if (!ReadFirstTune(options))
         return lStatusFailed;
     pDebugLogSink = [](std::string_view sText) { std::fwrite(sText.data(), 1, sText.size(), stdout); };
     Score_Dump("Score Dump (as requested)\r\n");
@@ -149,9 +155,7 @@ int32_t Task_Fingering(Options const& options)
 {
     HeadlessProcess process;
     process.BeginConversion(options.lWidth, options.lHeight);
-    szTerminalFile = options.aFiles[0];
-    auto const aTunes = Tunes_Wanted(options.aFiles[0], options);
-    if (!aTunes || !ReadScore(options.aFiles[0], aTunes->front().lNumber, options))
+    if (!ReadFirstTune(options))
         return lStatusFailed;
     return FingeringList_Print() ? lStatusGood : lStatusFailed;
 }
@@ -160,9 +164,7 @@ int32_t Task_Play(Options const& options)
 {
     HeadlessProcess process;
     process.BeginConversion(options.lWidth, options.lHeight);
-    szTerminalFile = options.aFiles[0];
-    auto const aTunes = Tunes_Wanted(options.aFiles[0], options);
-    if (!aTunes || !ReadScore(options.aFiles[0], aTunes->front().lNumber, options))
+    if (!ReadFirstTune(options))
         return lStatusFailed;
     return PlayAloud(process.user) ? lStatusGood : lStatusFailed;
 }

@@ -49,7 +49,8 @@ void MidiOut_Set(HMIDIOUT hOut)
 uint32_t MidiOut_Send(HMIDIOUT hOut, uint32_t dwMessage)
 {
     if (fMidiTrace)
-        OnMainThread([dwMessage] { DebugLog(Format("midiOutShortMsg %08lx\n", static_cast<unsigned long>(dwMessage))); });
+        OnMainThread([dwMessage]
+                     { DebugLog(Format("midiOutShortMsg %08lx\n", static_cast<unsigned long>(dwMessage))); });
     std::scoped_lock const hold(midiOutLock);
     return hOut && hOut == hMidiOut ? midiOutShortMsg(hOut, dwMessage) : MMSYSERR_NOERROR;
 }

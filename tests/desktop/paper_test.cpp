@@ -105,7 +105,7 @@ TEST_F(DesktopPaper, ThePreviewGoesFromPageToPageAndEscapeClosesIt)
             QWidget& dialog = *pDialog;
             auto* const pView = dialog.findChild<QAbstractScrollArea*>();
             auto* const pWhere = dialog.findChild<QLabel*>();
-            QTest::qWait(0);
+            EXPECT_TRUE(QTest::qWaitFor([&] { return !pages.aDrawn.empty(); }));
             EXPECT_EQ(pages.aDrawn, std::vector<int32_t>{1});
             EXPECT_EQ(pWhere->text().toStdString(), "Page 1 of 5");
             EXPECT_FALSE(Button(dialog, "Previous")->isEnabled());
@@ -138,11 +138,11 @@ TEST_F(DesktopPaper, ThePreviewShowsAllPagesOneBelowTheOtherAndDrawsThoseInSight
             auto* const pView = dialog.findChild<QAbstractScrollArea*>();
             auto* const pWhere = dialog.findChild<QLabel*>();
             dialog.findChild<QCheckBox*>()->click();
-            QTest::qWait(0);
+            EXPECT_TRUE(QTest::qWaitFor([&] { return pages.aDrawn.size() > 1; }));
             EXPECT_LT(*std::max_element(pages.aDrawn.begin(), pages.aDrawn.end()), 4);
             EXPECT_GT(pView->verticalScrollBar()->maximum(), 0);
             pView->verticalScrollBar()->setValue(pView->verticalScrollBar()->maximum());
-            QTest::qWait(0);
+            EXPECT_TRUE(QTest::qWaitFor([&] { return pages.aDrawn.back() == 5; }));
             EXPECT_EQ(pages.aDrawn.back(), 5);
             EXPECT_EQ(pWhere->text().toStdString(), "Page 5 of 5");
             Button(dialog, "Print")->click();
@@ -159,7 +159,7 @@ TEST_F(DesktopPaper, AViewShowsTheSheetWholeWithItsInkWhereItIsOnPaper)
     view.SetContinuous(false);
     view.ShowPage(3);
     view.show();
-    QTest::qWait(0);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
     double const ratio = view.devicePixelRatioF();
     QImage const picture = view.grab().toImage();
     auto const At = [&](double x, double y)
