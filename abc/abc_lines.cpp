@@ -1,9 +1,10 @@
-// Lines and numbers of ABC text, a byte at a time.
+// Lines and numbers of ABC text.
 #include "abc/abc_lines.h"
 
 #include "abc/abc_listing.h"
 #include "core/text.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace zarn
@@ -13,17 +14,29 @@ std::string_view AbcLine::From(int32_t i) const
     return Has(i) ? std::string_view(aText.data() + i, static_cast<size_t>(End() - i)) : std::string_view();
 }
 
-/// Keeps count of where the next byte stands: CR, LF and CRLF each end one line of the file.
-void AbcLine::CountByte(char c)
+/// CR, LF and CRLF each end one line of the file.
+void AbcLine::CountLine(char cEnd)
 {
-    if (c == '\n' || bAfterCr)
+    if (cEnd == '\n' || bAfterCr)
     {
         ++lNextLine;
         lNextColumn = 0;
     }
-    bAfterCr = c == '\r';
-    if (c != '\n' && c != '\r')
-        ++lNextColumn;
+    bAfterCr = cEnd == '\r';
+}
+
+/// Takes text, none of which ends a line, and for which there is room.
+void AbcLine::Take(std::string_view sText, int32_t cch)
+{
+    if (bAfterCr)
+        CountLine('\0');
+    if (cch == 0)
+    {
+        lLine = lNextLine;
+        lFirstColumn = lNextColumn;
+    }
+    std::memcpy(aText.data() + cch, sText.data(), sText.size());
+    lNextColumn += static_cast<int32_t>(sText.size());
 }
 
 int32_t AbcLine::Finish(int32_t cch)
@@ -32,22 +45,22 @@ int32_t AbcLine::Finish(int32_t cch)
     return cch - 1;
 }
 
+static bool EndsLine(char c) { return c == '\n' || c == '\r'; }
+
 int32_t AbcReadLine(HFILE hFile, AbcLine& line)
 {
     int32_t cch = 0;
     int32_t cLineFeeds = 0;
     line.lLast = -1;
-    for (char c = 0; _lread(hFile, &c, 1) == 1;)
+    for (std::string_view sAhead; !(sAhead = File_Ahead(hFile)).empty();)
     {
-        line.CountByte(c);
-        if (c != '\r' && c != '\n')
+        std::string_view const sRoom = sAhead.substr(0, static_cast<size_t>(cchAbcLine - cch));
+        std::string_view const sText(sRoom.begin(), std::find_if(sRoom.begin(), sRoom.end(), EndsLine));
+        if (!sText.empty())
         {
-            if (cch == 0)
-            {
-                line.lLine = line.lNextLine;
-                line.lFirstColumn = line.lNextColumn - 1;
-            }
-            line.aText[static_cast<size_t>(cch++)] = c;
+            line.Take(sText, cch);
+            File_PassOver(hFile, sText.size());
+            cch += static_cast<int32_t>(sText.size());
             if (cch < cchAbcLine)
                 continue;
             line.Finish(cch);
@@ -55,11 +68,14 @@ int32_t AbcReadLine(HFILE hFile, AbcLine& line)
             AbcLog("An input file line exceeds my 500 char limit.");
             return cch - 1;
         }
+        char const cEnd = sAhead.front();
+        File_PassOver(hFile, 1);
+        line.CountLine(cEnd);
         if (cch > 0)
             return line.Finish(cch);
         // Two LF make a blank line. A CRLF file has the LF of the line before to count, so one blank line is enough for
         // it; in an LF file that one has been read already, so it takes two; a CR file has no blank lines at all.
-        if (c == '\n' && ++cLineFeeds == 2)
+        if (cEnd == '\n' && ++cLineFeeds == 2)
             return lAbcBlankLine;
     }
     return cch > 0 ? line.Finish(cch) : lAbcEndOfFile;

@@ -32,7 +32,8 @@ public:
 private:
     friend int32_t AbcReadLine(HFILE hFile, AbcLine& line);
     int32_t Finish(int32_t cch);
-    void CountByte(char c);
+    void CountLine(char cEnd);
+    void Take(std::string_view sText, int32_t cch);
 
     std::array<char, cchAbcLine> aText = {};
     int32_t lLast = -1;

@@ -5,6 +5,7 @@
 #include "core/text.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstring>
 
@@ -65,9 +66,7 @@ bool IsTriplet(int32_t lDuration) { return lDuration >= 2 && lDuration <= 128 &&
 
 int32_t OddPart(int32_t lDuration)
 {
-    while (lDuration != 0 && lDuration % 2 == 0)
-        lDuration /= 2;
-    return lDuration;
+    return lDuration == 0 ? 0 : lDuration >> std::countr_zero(static_cast<uint32_t>(lDuration));
 }
 
 int32_t BaseDuration(int32_t lDuration)

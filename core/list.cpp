@@ -19,30 +19,14 @@ namespace zarn
 {
 namespace
 {
-struct Block;
+using Link = ListLink;
 
-/// What an anchor and an item's header have in common, at the same places: a walk tells by fIsAnchor that it is round.
-struct Link
-{
-    Link* pNext;
-    Link* pPrev;
-    Block* pBlock;
-    int32_t fIsAnchor;
-    int32_t fHealthy; ///< of an anchor; the spare word of an item
-};
-
-/// An item's header; the payload follows at once.
-struct ItemHeader : Link
-{
-    int32_t cbSize;
-    int32_t lPad;
-};
-static_assert(sizeof(ItemHeader) % 8 == 0);
-
-/// Real bytes of a block's area: what 1500 accounted bytes can come to. The dearest record is an item of up to four
-/// bytes, 28 in the accounting and 48 here; the last one may lack its rounding.
-constexpr int32_t cbRealArea = cbListBlock * 48 / 28 + 64;
-static_assert(sizeof(ItemHeader) + 8 <= 48 && sizeof(Link) * 28 <= size_t{cbListAnchor} * 48);
+/// Real bytes of a block's area: what 1500 accounted bytes can come to. The dearest record is the smallest Element, 116
+/// in the accounting and 152 here.
+constexpr int32_t cbDearest = static_cast<int32_t>(sizeof(Link)) + 128;
+constexpr int32_t cbRealArea = cbListBlock * cbDearest / (cbListItemHeader + cbElementFixed) / 8 * 8;
+static_assert(sizeof(Link) % 8 == 0 && cbListLargestRecord <= INT16_MAX);
+static_assert(sizeof(Link) * (cbListItemHeader + cbElementFixed) <= size_t{cbListAnchor} * cbDearest);
 
 struct Block
 {
@@ -54,23 +38,24 @@ struct Block
     alignas(8) std::byte aArea[cbRealArea];
 };
 
-constexpr int32_t cbFixedElement = 92;
 constexpr int32_t cbElementGrowth = static_cast<int32_t>(sizeof(Element)) - cbPlainElement;
-Block* const pPoison = reinterpret_cast<Block*>(uintptr_t{0xDEADBEEF});
+constexpr uint32_t lPoison = 0xDEADBEEF;
 Block* pCurrentBlock = nullptr;
 
 constexpr int32_t RoundUp(int32_t n, int32_t lTo) { return (n + lTo - 1) / lTo * lTo; }
 
-ItemHeader* HeaderOf(void const* pCursor)
+Link* HeaderOf(void const* pCursor) { return const_cast<Link*>(List_LinkOf(pCursor)); }
+
+void* PayloadOf(Link* p) { return p + 1; }
+
+Block* BlockOf(Link* p) { return reinterpret_cast<Block*>(reinterpret_cast<std::byte*>(p) - p->lInBlock); }
+
+/// Of a piece that has just been carved.
+uint32_t InCurrentBlock(Link const* p)
 {
-    return reinterpret_cast<ItemHeader*>(const_cast<std::byte*>(static_cast<std::byte const*>(pCursor)) -
-                                         sizeof(ItemHeader));
+    return static_cast<uint32_t>(reinterpret_cast<std::byte const*>(p) -
+                                 reinterpret_cast<std::byte const*>(pCurrentBlock));
 }
-
-void* PayloadOf(Link* p) { return reinterpret_cast<std::byte*>(p) + sizeof(ItemHeader); }
-
-/// The cursor of a neighbour, or null for the anchor.
-void* CursorOf(Link* p) { return p->fIsAnchor ? nullptr : PayloadOf(p); }
 
 /// Carves a piece of cbAccounted from the current block, in cbReal bytes; null when memory has run out.
 void* Carve(int32_t cbAccounted, int32_t cbReal)
@@ -106,16 +91,15 @@ void* Carve(int32_t cbAccounted, int32_t cbReal)
 
 void Release(Link* p)
 {
-    Block* const pBlock = p->pBlock;
-    if (pBlock == pPoison)
+    if (p->lInBlock == lPoison)
     {
         Serious("List element doubly freed.  Tell Odrian");
         return;
     }
-    p->pBlock = pPoison;
+    Block* const pBlock = BlockOf(p);
+    p->lInBlock = lPoison;
     if (!p->fIsAnchor)
-        Memory_Forbid(PayloadOf(p),
-                      static_cast<size_t>(RoundUp(List_RealBytes(static_cast<ItemHeader*>(p)->cbSize), 8)));
+        Memory_Forbid(PayloadOf(p), static_cast<size_t>(RoundUp(List_RealBytes(p->cbSize), 8)));
     if (--pBlock->cLive >= 1)
         return;
     if (pBlock->cLive < 0)
@@ -130,43 +114,37 @@ void Release(Link* p)
 }
 
 /// A new item between two neighbours; its payload is not filled. Null when memory has run out.
-ItemHeader* NewBetween(ListAnchor* list, Link* pPrev, Link* pNext, int32_t cb);
+Link* NewBetween(ListAnchor* list, Link* pPrev, Link* pNext, int32_t cb);
 
-void CopyIn(ItemHeader* pItem, void const* pSource, int32_t cb)
+void CopyIn(Link* pItem, void const* pSource, int32_t cb)
 {
     if (!pItem)
         return;
-    size_t const cbCopied = static_cast<size_t>(cb >= cbFixedElement ? cb + cbElementGrowth : cb);
+    size_t const cbCopied = static_cast<size_t>(cb >= cbElementFixed ? cb + cbElementGrowth : cb);
     auto* const pPayload = static_cast<std::byte*>(PayloadOf(pItem));
     std::memcpy(pPayload, pSource, cbCopied);
     std::memset(pPayload + cbCopied, 0, static_cast<size_t>(List_RealBytes(cb)) - cbCopied);
 }
 } // namespace
 
-struct ListAnchor : Link
-{
-};
 static_assert(sizeof(ListAnchor) == sizeof(Link));
 
 namespace
 {
-ItemHeader* NewBetween(ListAnchor* list, Link* pPrev, Link* pNext, int32_t cb)
+Link* NewBetween(ListAnchor* list, Link* pPrev, Link* pNext, int32_t cb)
 {
     int32_t const cbReal = List_RealBytes(cb);
-    void* const pPiece = cb > cbListLargestRecord
-                             ? nullptr
-                             : Carve(cbListItemHeader + cb, static_cast<int32_t>(sizeof(ItemHeader)) + cbReal);
+    void* const pPiece =
+        cb > cbListLargestRecord ? nullptr : Carve(cbListItemHeader + cb, static_cast<int32_t>(sizeof(Link)) + cbReal);
     if (!pPiece)
     {
         list->fHealthy = 0;
         return nullptr;
     }
-    auto* const pItem = new (pPiece) ItemHeader;
-    pItem->pBlock = pCurrentBlock;
+    auto* const pItem = new (pPiece) Link;
+    pItem->lInBlock = InCurrentBlock(pItem);
     pItem->fIsAnchor = 0;
-    pItem->fHealthy = 0;
-    pItem->cbSize = cb;
-    pItem->lPad = 0;
+    pItem->cbSize = static_cast<int16_t>(cb);
     pItem->pNext = pNext;
     pItem->pPrev = pPrev;
     pPrev->pNext = pItem;
@@ -175,20 +153,20 @@ ItemHeader* NewBetween(ListAnchor* list, Link* pPrev, Link* pNext, int32_t cb)
 }
 
 /// The places that a cursor stands for; a null cursor is the head to After and the end to Before.
-ItemHeader* NewAfter(List list, void const* pCursor, int32_t cb)
+Link* NewAfter(List list, void const* pCursor, int32_t cb)
 {
-    Link* const pPrev = pCursor ? static_cast<Link*>(HeaderOf(pCursor)) : list;
+    Link* const pPrev = pCursor ? HeaderOf(pCursor) : list;
     return NewBetween(list, pPrev, pPrev->pNext, cb);
 }
 
-ItemHeader* NewBefore(List list, void const* pCursor, int32_t cb)
+Link* NewBefore(List list, void const* pCursor, int32_t cb)
 {
-    Link* const pNext = pCursor ? static_cast<Link*>(HeaderOf(pCursor)) : list;
+    Link* const pNext = pCursor ? HeaderOf(pCursor) : list;
     return NewBetween(list, pNext->pPrev, pNext, cb);
 }
 
 /// The New forms hand out zeros: nothing that a caller forgets to fill is ever a stray byte.
-void* Blank(ItemHeader* pItem)
+void* Blank(Link* pItem)
 {
     if (!pItem)
         return nullptr;
@@ -214,7 +192,7 @@ bool BeginSplit(List listA, List listB, void const* pCursor)
         List_Clear(listB);
     if (!pCursor)
         return false;
-    if (static_cast<Link*>(HeaderOf(pCursor)) == listA)
+    if (HeaderOf(pCursor) == listA)
     {
         listA->fHealthy = 0;
         listB->fHealthy = 0;
@@ -226,7 +204,7 @@ bool BeginSplit(List listA, List listB, void const* pCursor)
 
 int32_t List_RealBytes(int32_t cb)
 {
-    return cb >= cbFixedElement ? std::max(cb, cbPlainElement) + cbElementGrowth + 1 : cb;
+    return cb >= cbElementFixed ? std::max(cb, cbPlainElement) + cbElementGrowth + 1 : cb;
 }
 
 List List_Create()
@@ -236,7 +214,7 @@ List List_Create()
         return nullptr;
     auto* const list = new (pPiece) ListAnchor;
     list->pNext = list->pPrev = list;
-    list->pBlock = pCurrentBlock;
+    list->lInBlock = InCurrentBlock(list);
     list->fIsAnchor = 1;
     list->fHealthy = 1;
     return list;
@@ -343,8 +321,8 @@ void List_Delete(void* pCursor)
         Serious("Bug: List_Delete NULL item");
         return;
     }
-    ItemHeader* const pItem = HeaderOf(pCursor);
-    if (pItem->pBlock != pPoison) // a freed item's links lead nowhere: only the message is left for it
+    Link* const pItem = HeaderOf(pCursor);
+    if (pItem->lInBlock != lPoison) // a freed item's links lead nowhere: only the message is left for it
     {
         pItem->pPrev->pNext = pItem->pNext;
         pItem->pNext->pPrev = pItem->pPrev;
@@ -359,7 +337,7 @@ void* List_DeleteBackwards(void* pCursor)
         Serious("List_DeleteBackwards NULL cursor.  Continuing...");
         return nullptr;
     }
-    void* const pPrev = CursorOf(HeaderOf(pCursor)->pPrev);
+    void* const pPrev = List_CursorOf(HeaderOf(pCursor)->pPrev);
     List_Delete(pCursor);
     return pPrev;
 }
@@ -371,7 +349,7 @@ void* List_First(List list)
         Serious("Bug: List_First of bogus list.  Continuing...");
         return nullptr;
     }
-    return CursorOf(list->pNext);
+    return List_CursorOf(list->pNext);
 }
 
 void* List_Last(List list)
@@ -381,27 +359,19 @@ void* List_Last(List list)
         Serious("Bug: List_Last of bogus list.  Continuing...");
         return nullptr;
     }
-    return CursorOf(list->pPrev);
+    return List_CursorOf(list->pPrev);
 }
 
-void* List_Next(void const* pCursor)
+void* List_NextOfNull()
 {
-    if (!pCursor)
-    {
-        Serious("Bug: List_Next of NULL cursor.  Continuing...");
-        return nullptr;
-    }
-    return CursorOf(HeaderOf(pCursor)->pNext);
+    Serious("Bug: List_Next of NULL cursor.  Continuing...");
+    return nullptr;
 }
 
-void* List_Prev(void const* pCursor)
+void* List_PrevOfNull()
 {
-    if (!pCursor)
-    {
-        Serious("Bug: List_Prev of NULL cursor.  Continuing...");
-        return nullptr;
-    }
-    return CursorOf(HeaderOf(pCursor)->pPrev);
+    Serious("Bug: List_Prev of NULL cursor.  Continuing...");
+    return nullptr;
 }
 
 int32_t List_InOrder(void const* pCursorA, void const* pCursorB)

@@ -11,7 +11,24 @@
 
 namespace zarn
 {
-struct ListAnchor;
+/// What an anchor and an item's header have in common, at the same places: a walk tells by fIsAnchor that it is round.
+/// It stands here so that a walk, which is most of what the program does, needs no calls; only the library changes it.
+struct ListLink
+{
+    ListLink* pNext;
+    ListLink* pPrev;
+    uint32_t lInBlock; ///< bytes from its block's head; 0xDEADBEEF once it has been freed
+    int16_t fIsAnchor;
+    union
+    {
+        int16_t fHealthy; ///< of an anchor
+        int16_t cbSize;   ///< of an item: its payload in accounted bytes; the payload follows at once
+    };
+};
+
+struct ListAnchor : ListLink
+{
+};
 using List = ListAnchor*; ///< a handle; null is no list
 
 constexpr int32_t cbListBlock = 1500;                                   ///< usable bytes of a block
@@ -43,10 +60,31 @@ void List_Delete(void* pCursor);
 /// As List_Delete; gives the item ahead of the deleted one, null when that was the first.
 void* List_DeleteBackwards(void* pCursor);
 
-[[nodiscard]] void* List_First(List list);          ///< null when empty
-[[nodiscard]] void* List_Last(List list);           ///< null when empty
-[[nodiscard]] void* List_Next(void const* pCursor); ///< null behind the last item
-[[nodiscard]] void* List_Prev(void const* pCursor); ///< null ahead of the first item
+[[nodiscard]] void* List_First(List list); ///< null when empty
+[[nodiscard]] void* List_Last(List list);  ///< null when empty
+
+/// The header of a payload.
+[[nodiscard]] inline ListLink const* List_LinkOf(void const* pCursor)
+{
+    return static_cast<ListLink const*>(pCursor) - 1;
+}
+/// The cursor of a neighbour, or null for the anchor.
+[[nodiscard]] inline void* List_CursorOf(ListLink* p) { return p->fIsAnchor ? nullptr : p + 1; }
+
+/// Tell the user; null.
+void* List_NextOfNull();
+void* List_PrevOfNull();
+
+/// Null behind the last item.
+[[nodiscard]] inline void* List_Next(void const* pCursor)
+{
+    return pCursor ? List_CursorOf(List_LinkOf(pCursor)->pNext) : List_NextOfNull();
+}
+/// Null ahead of the first item.
+[[nodiscard]] inline void* List_Prev(void const* pCursor)
+{
+    return pCursor ? List_CursorOf(List_LinkOf(pCursor)->pPrev) : List_PrevOfNull();
+}
 
 /// 1 when b is a or lies behind it in the same list; 0 otherwise, and when either is null. Linear.
 [[nodiscard]] int32_t List_InOrder(void const* pCursorA, void const* pCursorB);

@@ -46,10 +46,6 @@ void Score_DestroyLists()
     List_Destroy(&listUndo);
 }
 
-Element* Next(Element const* pel) { return pel ? List_NextAs(pel) : nullptr; }
-
-Element* Prev(Element const* pel) { return pel ? List_PrevAs(pel) : nullptr; }
-
 Element* StaffFirst(int32_t lStaff)
 {
     return lStaff >= 0 && lStaff < lStaffLists ? List_FirstAs<Element>(aStaffList[lStaff]) : nullptr;

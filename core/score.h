@@ -61,8 +61,8 @@ void Score_DestroyLists(); ///< Frees them, and nulls every cursor. Once, at exi
 void Score_EmptyStaffs();  ///< Empties the nine staffs and nulls every cursor into them; nothing else changes.
 
 /// The nearest element behind or ahead, null at the end; null in, null out, and no message.
-[[nodiscard]] Element* Next(Element const* pel);
-[[nodiscard]] Element* Prev(Element const* pel);
+[[nodiscard]] inline Element* Next(Element const* pel) { return pel ? List_NextAs(pel) : nullptr; }
+[[nodiscard]] inline Element* Prev(Element const* pel) { return pel ? List_PrevAs(pel) : nullptr; }
 /// First and last element of a staff, 0 to 8; null when it is empty, or isn't there.
 [[nodiscard]] Element* StaffFirst(int32_t lStaff);
 [[nodiscard]] Element* StaffLast(int32_t lStaff);

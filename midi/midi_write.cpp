@@ -1,6 +1,6 @@
 // Writing Standard MIDI Files.
 //
-// The length of a track stands ahead of it and is known behind it, so it is patched.
+// The length of a track stands ahead of it and is known behind it, so a track is put together in memory.
 #include "midi/midi_write.h"
 
 #include "core/messages.h"
@@ -67,15 +67,10 @@ StaffHeads ScanStaffHeads()
     return heads;
 }
 
-int32_t WriteBytes(HFILE hFile, std::initializer_list<int32_t> bytes)
+void Append(MidiTrackBytes& bytes, std::initializer_list<int32_t> lValues)
 {
-    constexpr size_t cbMost = 32;
-    uint8_t aBytes[cbMost] = {};
-    size_t cb = 0;
-    for (int32_t const lByte : bytes)
-        if (cb < cbMost)
-            aBytes[cb++] = static_cast<uint8_t>(lByte);
-    return _lwrite(hFile, aBytes, static_cast<int32_t>(cb));
+    for (int32_t const l : lValues)
+        bytes.push_back(static_cast<uint8_t>(l));
 }
 
 /// The exponent of the denominator for the denominators that tunes have; any other is written as a half.
@@ -96,25 +91,24 @@ int32_t DenominatorByte(int32_t lDen)
     }
 }
 
-void WriteHeader(HFILE hFile, int32_t cTracks)
-{
-    WriteBytes(hFile, {'M', 'T', 'h', 'd', 0, 0, 0, 6, 0, 1, 0, cTracks, 0, lTicksPerCrotchet});
-}
+void AppendEndOfTrack(MidiTrackBytes& bytes) { Append(bytes, {0, 0xFF, 0x2F, 0}); }
 
-void WriteConductorTrack(HFILE hFile, StaffHeads const& heads)
+MidiTrackBytes ConductorTrack(StaffHeads const& heads)
 {
     int32_t const lTempo = std::min(lMicrosecondsAMinute / heads.lTempo, lLongestCrotchet);
-    WriteBytes(hFile, {'M', 'T', 'r', 'k', 0, 0, 0, 25});
-    WriteBytes(hFile, {0, 0xFF, 0x58, 4, heads.lNum, DenominatorByte(heads.lDen), 48, 16});
-    WriteBytes(hFile, {0, 0xFF, 0x59, 2, heads.lKey, 0});
-    WriteBytes(hFile, {0, 0xFF, 0x51, 3, lTempo >> 16, lTempo >> 8, lTempo});
-    WriteBytes(hFile, {0, 0xFF, 0x2F, 0});
+    MidiTrackBytes bytes;
+    Append(bytes, {0, 0xFF, 0x58, 4, heads.lNum, DenominatorByte(heads.lDen), 48, 16});
+    Append(bytes, {0, 0xFF, 0x59, 2, heads.lKey, 0});
+    Append(bytes, {0, 0xFF, 0x51, 3, lTempo >> 16, lTempo >> 8, lTempo});
+    AppendEndOfTrack(bytes);
+    return bytes;
 }
 
-/// The events of a staff; gives how many bytes they take.
-int32_t WriteEvents(HFILE hFile, PlayRecords const& records)
+MidiTrackBytes StaffTrack(PlayRecords const& records)
 {
-    int32_t cb = 0;
+    constexpr size_t cbUsualEvent = 3;
+    MidiTrackBytes bytes;
+    bytes.reserve(records.size() * (cbUsualEvent + 1));
     int32_t lPrev = 0;
     bool fRunning = false; // a status byte for notes is in force
     for (PlayRecord const& record : records)
@@ -122,32 +116,43 @@ int32_t WriteEvents(HFILE hFile, PlayRecords const& records)
         if (record.lProgram != -1)
         {
             // A program change comes as early as it can: with the event before it.
-            cb += WriteBytes(hFile, {0, lProgramChange + record.lChannel, record.lProgram});
+            Append(bytes, {0, lProgramChange + record.lChannel, record.lProgram});
             fRunning = false;
         }
         else if (record.lTempo == -1 && record.lNote != -1)
         {
-            cb += WriteVarLen(hFile, record.lTime - lPrev);
+            WriteVarLen(bytes, record.lTime - lPrev);
             lPrev = std::max(lPrev, record.lTime);
             if (!fRunning)
-                cb += WriteBytes(hFile, {lNoteOn + record.lChannel});
-            cb += WriteBytes(hFile, {record.lNote, record.lVolume});
+                bytes.push_back(static_cast<uint8_t>(lNoteOn + record.lChannel));
+            bytes.push_back(static_cast<uint8_t>(record.lNote));
+            bytes.push_back(static_cast<uint8_t>(record.lVolume));
             fRunning = true;
         }
     }
-    return cb;
+    AppendEndOfTrack(bytes);
+    return bytes;
 }
 
-/// False when the length can't be patched.
-bool WriteStaffTrack(HFILE hFile, PlayRecords const& records)
+bool WriteWhole(HFILE hFile, MidiTrackBytes const& bytes)
 {
-    WriteBytes(hFile, {'M', 'T', 'r', 'k', 0, 0, 0, 0});
-    int32_t cb = WriteEvents(hFile, records);
-    cb += WriteBytes(hFile, {0, 0xFF, 0x2F, 0});
-    if (_llseek(hFile, -(cb + cbTrackLength), FILE_CURRENT) < 0)
-        return false;
-    return WriteBytes(hFile, {cb >> 24, cb >> 16, cb >> 8, cb}) == cbTrackLength &&
-           _llseek(hFile, cb, FILE_CURRENT) >= 0;
+    auto const cb = static_cast<int32_t>(bytes.size());
+    return _lwrite(hFile, bytes.data(), cb) == cb;
+}
+
+bool WriteHeader(HFILE hFile, int32_t cTracks)
+{
+    MidiTrackBytes bytes;
+    Append(bytes, {'M', 'T', 'h', 'd', 0, 0, 0, 6, 0, 1, 0, cTracks, 0, lTicksPerCrotchet});
+    return WriteWhole(hFile, bytes);
+}
+
+bool WriteTrack(HFILE hFile, MidiTrackBytes const& track)
+{
+    auto const cb = static_cast<int32_t>(track.size());
+    MidiTrackBytes head;
+    Append(head, {'M', 'T', 'r', 'k', cb >> 24, cb >> 16, cb >> 8, cb});
+    return WriteWhole(hFile, head) && WriteWhole(hFile, track);
 }
 } // namespace
 
@@ -160,8 +165,8 @@ bool SaveMidiFile(HFILE hFile, bool fBarnDance, int32_t lSwing, bool fDetach)
     int32_t cTracks = 1;
     for (int32_t lStaff = 1; lStaff <= lHighestStaff; ++lStaff)
         cTracks += IsWritten(lStaff);
-    WriteHeader(hFile, cTracks);
-    WriteConductorTrack(hFile, ScanStaffHeads());
+    if (!WriteHeader(hFile, cTracks) || !WriteTrack(hFile, ConductorTrack(ScanStaffHeads())))
+        return false;
     for (int32_t lStaff = 1; lStaff <= lHighestStaff; ++lStaff)
     {
         if (!IsWritten(lStaff))
@@ -170,26 +175,31 @@ bool SaveMidiFile(HFILE hFile, bool fBarnDance, int32_t lSwing, bool fDetach)
         afOne[lStaff] = 1;
         PlayRecords records;
         BuildPlayList(records, lHighestStaff, 0, style, afOne);
-        if (!WriteStaffTrack(hFile, records))
+        if (!WriteTrack(hFile, StaffTrack(records)))
             return false;
     }
     return true;
 }
 
-int32_t WriteVarLen(HFILE hFile, int32_t lValue)
+int32_t WriteVarLen(MidiTrackBytes& bytes, int32_t lValue)
 {
     constexpr int32_t cbMost = 5; // of 32 bits, 7 to a byte
     constexpr int32_t cbUnremarked = 3;
+    if (lValue <= 0x7F) // as nearly all are
+    {
+        bytes.push_back(static_cast<uint8_t>(std::max(lValue, 0)));
+        return 1;
+    }
     uint8_t aBytes[cbMost];
     uint8_t* pFirst = std::end(aBytes);
-    auto l = static_cast<uint32_t>(std::max(lValue, 0));
+    auto l = static_cast<uint32_t>(lValue);
     *--pFirst = l & 0x7F;
     while ((l >>= 7) != 0)
         *--pFirst = static_cast<uint8_t>(0x80 | (l & 0x7F));
     auto const cb = static_cast<int32_t>(std::end(aBytes) - pFirst);
-    int32_t const cbWritten = _lwrite(hFile, pFirst, cb);
+    bytes.insert(bytes.end(), pFirst, std::end(aBytes));
     if (cb > cbUnremarked)
         Serious("Length of timedelta > 3 bytes");
-    return cbWritten;
+    return cb;
 }
 } // namespace zarn

@@ -7,6 +7,7 @@
 #include "platform/files.h"
 
 #include <cstdint>
+#include <vector>
 
 namespace zarn
 {
@@ -17,7 +18,10 @@ namespace zarn
 /// @return        false when a write failed
 [[nodiscard]] bool SaveMidiFile(HFILE hFile, bool fBarnDance, int32_t lSwing, bool fDetach);
 
-/// Writes a variable-length quantity, 7 bits a byte, the highest first; a negative value counts as 0. A quantity that
-/// needs more than 3 bytes is written, and the user is told. Gives the number of bytes.
-int32_t WriteVarLen(HFILE hFile, int32_t lValue);
+/// What stands behind the length of a track.
+using MidiTrackBytes = std::vector<uint8_t>;
+
+/// Appends a variable-length quantity, 7 bits a byte, the highest first; a negative value counts as 0. A quantity that
+/// needs more than 3 bytes is appended, and the user is told. Gives the number of bytes.
+int32_t WriteVarLen(MidiTrackBytes& bytes, int32_t lValue);
 } // namespace zarn

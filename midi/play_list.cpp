@@ -10,10 +10,13 @@
 #include "core/settings.h"
 #include "core/text.h"
 #include "midi/ornaments.h"
+#include "midi/play_order.h"
 #include "midi/refresh_pitches.h"
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
+#include <vector>
 
 namespace zarn
 {
@@ -359,8 +362,6 @@ void AddPreamble(PlayRecords& records, int32_t lStaff, int32_t lProgram)
     record.lTempo = lTempoAtStart;
     AddPlayRecord(records, record);
 }
-
-bool EarlierTime(PlayRecord const& a, PlayRecord const& b) { return a.lTime < b.lTime; }
 } // namespace
 
 int32_t MidiAtPosition(int32_t lDiaPitch, int32_t lTranspose, int32_t lKey, AccidentalSet const& aSharps,
@@ -373,22 +374,34 @@ int32_t MidiAtPosition(int32_t lDiaPitch, int32_t lTranspose, int32_t lKey, Acci
 void BuildPlayList(PlayRecords& listPlay, int32_t lLastStaff, int32_t lStart, PlayStyle const& style,
                    int32_t const* afPlayed)
 {
-    auto const cHeld = static_cast<std::ptrdiff_t>(listPlay.size());
+    std::vector<size_t> aRuns = {0, listPlay.size()};
     int32_t lProgram = lProgramAtStart;
     (void)LoadSetting(&lProgram, sDefaultInstrument);
     lProgram = std::clamp(lProgram, 0, lHighestMidiValue);
     auto const bPlayed = [&](int32_t lStaff) { return afPlayed[lStaff] && StaffFirst(lStaff); };
     lLastStaff = std::min(lLastStaff, lHighestStaff);
+    int64_t cSymbols = 0;
     for (int32_t lStaff = 0; lStaff <= lLastStaff; ++lStaff)
         if (bPlayed(lStaff))
+        {
             AddPreamble(listPlay, lStaff, lProgram);
+            cSymbols += List_Card(aStaffList[lStaff]);
+        }
+    aRuns.push_back(listPlay.size());
+    // Room for most tunes, repeats and chords and all: moving the records would take longer than building them.
+    constexpr int64_t cRecordsASymbol = 8;
+    listPlay.reserve(listPlay.size() +
+                     static_cast<size_t>(std::min<int64_t>(cSymbols * cRecordsASymbol, cMostPlayRecords)));
     Builder builder(style, &listPlay, cMostSteps);
     for (int32_t lStaff = 0; lStaff <= lLastStaff && !builder.IsTooLong(); ++lStaff)
-        if (bPlayed(lStaff))
-            builder.Staff(lStaff, lStart);
-
-    std::stable_sort(listPlay.begin() + cHeld, listPlay.end(), EarlierTime);
-    std::inplace_merge(listPlay.begin(), listPlay.begin() + cHeld, listPlay.end(), EarlierTime);
+    {
+        if (!bPlayed(lStaff))
+            continue;
+        builder.Staff(lStaff, lStart);
+        SortPlayRun(listPlay, aRuns.back());
+        aRuns.push_back(listPlay.size());
+    }
+    MergePlayRuns(listPlay, std::move(aRuns));
     if (builder.IsTooLong())
         Serious("The repeats in this score make it too long: what lies beyond 2,000,000 events is left out.");
 }

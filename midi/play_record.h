@@ -1,5 +1,7 @@
 /// One timed event of a play.
 #pragma once
+#include "platform/large_pages.h"
+
 #include <cstdint>
 #include <vector>
 
@@ -24,9 +26,8 @@ struct PlayRecord
     friend bool operator==(PlayRecord const&, PlayRecord const&) = default;
 };
 
-/// A build's records in order of arrival. Sorting them by time, equal times left in that order, gives what inserting
-/// each behind the last record that isn't later would give, without its walk back over other staffs.
-using PlayRecords = std::vector<PlayRecord>;
+/// A build's records, in order of arrival until play_order.h has put them in order of time.
+using PlayRecords = std::vector<PlayRecord, LargePageAllocator<PlayRecord>>;
 
 constexpr int32_t lHighestMidiValue = 127; ///< of a note, a program or a velocity
 

@@ -27,6 +27,8 @@ class File
 public:
     virtual ~File() = default;
     virtual int32_t Read(void*, int32_t) { return -1; }
+    virtual std::string_view Ahead() { return {}; }
+    virtual void PassOver(size_t) {}
     virtual int32_t Write(void const*, int32_t) { return -1; }
     virtual int64_t Place() const = 0;
     virtual int64_t Size() = 0;
@@ -89,6 +91,14 @@ public:
         }
         return cbDone;
     }
+
+    std::string_view Ahead() override
+    {
+        if (iNext == cbHeld && !Fill())
+            return {};
+        return {aBuffer.data() + iNext, cbHeld - iNext};
+    }
+    void PassOver(size_t cb) override { iNext += std::min(cb, cbHeld - iNext); }
 
     int64_t Place() const override { return lBufferPlace + static_cast<int64_t>(iNext); }
     int64_t Size() override { return cbSize; }
@@ -237,6 +247,11 @@ public:
         lPlace += cbNow;
         return cbNow;
     }
+    std::string_view Ahead() override
+    {
+        return sBytes.substr(static_cast<size_t>(std::clamp<int64_t>(lPlace, 0, Size())));
+    }
+    void PassOver(size_t cb) override { lPlace += static_cast<int64_t>(cb); }
     int64_t Place() const override { return lPlace; }
     int64_t Size() override { return static_cast<int64_t>(sBytes.size()); }
     bool GoTo(int64_t lNewPlace) override
@@ -360,6 +375,14 @@ HFILE _lcreat(std::string_view szPath)
 }
 
 int32_t _lread(HFILE hFile, void* pBytes, int32_t cb) { return hFile && cb >= 0 ? hFile->Read(pBytes, cb) : -1; }
+
+std::string_view File_Ahead(HFILE hFile) { return hFile ? hFile->Ahead() : std::string_view(); }
+
+void File_PassOver(HFILE hFile, size_t cb)
+{
+    if (hFile)
+        hFile->PassOver(cb);
+}
 
 int32_t _lwrite(HFILE hFile, void const* pBytes, int32_t cb)
 {

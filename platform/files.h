@@ -4,6 +4,7 @@
 /// either the old or the new content is there, whole, whenever the power goes. If a write failed, closing keeps the old
 /// file. Paths are UTF-8. Main thread.
 #pragma once
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -26,6 +27,11 @@ constexpr int32_t FILE_END = 2;
 [[nodiscard]] HFILE _lcreat(std::string_view szPath);
 /// Up to cb bytes; gives how many came, 0 at the end, -1 on failure or for a negative cb. Reads are buffered.
 int32_t _lread(HFILE hFile, void* pBytes, int32_t cb);
+/// The bytes that come next in a file that is read, as many as are at hand: none at its end, or on failure. They stay
+/// where they are until the next call with this handle.
+[[nodiscard]] std::string_view File_Ahead(HFILE hFile);
+/// Goes on behind cb bytes that File_Ahead has given.
+void File_PassOver(HFILE hFile, size_t cb);
 /// Gives how many went out; -1 on failure or for a negative cb. Writes are buffered, so the disk may fail later.
 int32_t _lwrite(HFILE hFile, void const* pBytes, int32_t cb);
 int32_t _llseek(HFILE hFile, int32_t lOffset, int32_t lFrom); ///< the new place, or -1

@@ -13,7 +13,9 @@ namespace zarn
 using HGLOBAL = void*;
 constexpr uint32_t GMEM_MOVEABLE = 2;
 
-/// A block of cb bytes, or null. Release it with GlobalFree. Any thread.
+constexpr size_t cbGlobalMost = 2048; ///< bytes of the largest block
+
+/// A block of cb bytes, or null. Release it with GlobalFree. Main thread.
 [[nodiscard]] HGLOBAL GlobalAlloc(uint32_t flags, size_t cb);
 /// The block's address, good until GlobalFree; null when the block can't be fixed.
 [[nodiscard]] void* GlobalLock(HGLOBAL hMemory);

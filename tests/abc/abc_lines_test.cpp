@@ -1,10 +1,13 @@
 // Lines and numbers of ABC text.
 #include "abc/abc_lines.h"
 
+#include "core/text.h"
 #include "support/scripted_process.h"
 
 #include <gtest/gtest.h>
 
+#include <iterator>
+#include <random>
 #include <string>
 
 namespace zarn
@@ -46,6 +49,84 @@ TEST(AbcLines, TwoLineFeedsAheadOfALineAreABlankLine)
     EXPECT_EQ(Lines("a\n\n\nb"), "a|#|b|");
     EXPECT_EQ(Lines("a\r\r\rb"), "a|b|");
     EXPECT_EQ(Lines("\n\na"), "#|a|");
+}
+
+/// The rule a byte at a time: what each line is, and where it stands.
+std::string PlainLines(std::string_view sText)
+{
+    std::string s;
+    std::string sLine;
+    int32_t cLineFeeds = 0;
+    int32_t lLine = 1;
+    int32_t lColumn = 0;
+    bool bAfterCr = false;
+    std::string sPlace;
+    auto const EndLine = [&]
+    {
+        s += sPlace + std::string(sLine.c_str()) + "|";
+        sLine.clear();
+        cLineFeeds = 0;
+    };
+    for (char const c : sText)
+    {
+        if (c == '\n' || bAfterCr)
+        {
+            ++lLine;
+            lColumn = 0;
+        }
+        bAfterCr = c == '\r';
+        if (c != '\r' && c != '\n')
+        {
+            ++lColumn;
+            if (sLine.empty())
+                sPlace = Format("%d:%d ", lLine, lColumn);
+            sLine += c;
+            if (sLine.size() == cchAbcLine)
+                EndLine();
+        }
+        else if (!sLine.empty())
+            EndLine();
+        else if (c == '\n' && ++cLineFeeds == 2)
+        {
+            s += "#|";
+            cLineFeeds = 0;
+        }
+    }
+    if (!sLine.empty())
+        EndLine();
+    return s;
+}
+
+std::string LinesAndPlaces(std::string_view sText)
+{
+    HFILE const hFile = File_FromBytes(sText);
+    std::string s;
+    AbcLine line;
+    for (int32_t lResult = 0; (lResult = AbcReadLine(hFile, line)) != lAbcEndOfFile;)
+        s += lResult == lAbcBlankLine
+                 ? "#|"
+                 : Format("%d:%d ", line.LineNumber(), line.ColumnNumber(0)) + std::string(line.From(0)) + "|";
+    _lclose(hFile);
+    return s;
+}
+
+TEST(AbcLines, AreWhatReadingAByteAtATimeGives)
+{
+    test::ScriptedProcess process; // long lines are told
+    std::mt19937 random(3);
+    for (int32_t lRound = 0; lRound < 300; ++lRound)
+    {
+        std::string sText;
+        std::string_view const sEnds[] = {"\n", "\r\n", "\r", "\n\n", "\n\r", "\r\r\n"};
+        for (uint32_t n = random() % 20; n > 0; --n)
+        {
+            size_t const cch = random() % 5 == 0 ? 490 + random() % 1100 : random() % 4;
+            for (size_t i = 0; i < cch; ++i)
+                sText += random() % 400 == 0 ? '\0' : static_cast<char>('a' + random() % 26);
+            sText += sEnds[random() % std::size(sEnds)];
+        }
+        ASSERT_EQ(LinesAndPlaces(sText), PlainLines(sText)) << lRound;
+    }
 }
 
 TEST(AbcLines, APlaceOutsideTheLineHoldsNul)

@@ -217,11 +217,9 @@ TEST_F(MidiWriteTest, VariableLengthsAndTheirPitfall)
     {
         Serious_Rearm();
         process.user.shown.clear();
-        std::string s;
-        HFILE const hFile = File_IntoString(&s);
-        EXPECT_EQ(WriteVarLen(hFile, c.lValue), (std::string_view(c.sBytes).size() + 1) / 3);
-        _lclose(hFile);
-        EXPECT_EQ(Hex(s), c.sBytes);
+        MidiTrackBytes bytes;
+        EXPECT_EQ(WriteVarLen(bytes, c.lValue), (std::string_view(c.sBytes).size() + 1) / 3);
+        EXPECT_EQ(Hex(std::string(bytes.begin(), bytes.end())), c.sBytes);
         EXPECT_EQ(process.user.Messages(), std::vector<std::string>(c.cMessages, "Length of timedelta > 3 bytes"));
     }
 }

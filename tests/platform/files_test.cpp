@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -220,6 +221,48 @@ TEST_F(Files, BytesInMemoryReadAndWriteLikeAFile)
     EXPECT_STREQ(ac, "Def");
     EXPECT_EQ(_lwrite(hFile, "x", 1), -1);
     EXPECT_TRUE(_lclose(hFile));
+}
+
+TEST_F(Files, WhatComesNextIsLookedAtWithoutACopy)
+{
+    std::string sBytes;
+    for (int32_t i = 0; i < 200'000; ++i)
+        sBytes += static_cast<char>(i % 251);
+    std::string const szPath = (folder / "long.txt").string();
+    ASSERT_EQ(File_WriteWhole(szPath, sBytes), FileWritten::WHOLE);
+    for (HFILE const hFile : {_lopen(szPath), File_FromBytes(sBytes)})
+    {
+        std::string sRead;
+        for (std::string_view sAhead; !(sAhead = File_Ahead(hFile)).empty();)
+        {
+            size_t const cb = sRead.size() % 7 == 0 ? sAhead.size() : std::min<size_t>(sAhead.size(), 1009);
+            sRead += sAhead.substr(0, cb);
+            File_PassOver(hFile, cb);
+        }
+        EXPECT_TRUE(sRead == sBytes);
+        EXPECT_EQ(_llseek(hFile, 150'000, FILE_BEGIN), 150'000);
+        EXPECT_EQ(File_Ahead(hFile).substr(0, 10), std::string_view(sBytes).substr(150'000, 10));
+        File_PassOver(hFile, 3);
+        char ac[2] = {};
+        EXPECT_EQ(_lread(hFile, ac, 2), 2);
+        EXPECT_EQ(std::string(ac, 2), sBytes.substr(150'003, 2));
+        EXPECT_EQ(_llseek(hFile, 0, FILE_CURRENT), 150'005);
+        EXPECT_TRUE(_lclose(hFile));
+    }
+}
+
+TEST_F(Files, NothingComesNextInAFileThatIsWrittenOrIsntThere)
+{
+    std::string sOut;
+    HFILE const hFile = File_IntoString(&sOut);
+    _lwrite(hFile, "reel", 4);
+    _llseek(hFile, 0, FILE_BEGIN);
+    EXPECT_EQ(File_Ahead(hFile), "");
+    File_PassOver(hFile, 2);
+    EXPECT_TRUE(_lclose(hFile));
+    EXPECT_EQ(sOut, "reel");
+    EXPECT_EQ(File_Ahead(nullptr), "");
+    File_PassOver(nullptr, 2);
 }
 
 TEST_F(Files, AStringFailsLikeADiskWhenItIsFull)
