@@ -66,8 +66,13 @@ int32_t AccidStateAt(Element const* pel, int32_t lDiaPitch)
 
 int32_t MidiFromPitch(int32_t lDiaPitch, int32_t lKey, int32_t lAcc, int32_t lTranspose)
 {
-    int32_t const lStep = (lDiaPitch % 7 + 7) % 7;
-    int64_t const lOctave = (int64_t{lDiaPitch} - lStep) / 7;
+    int64_t lOctave = lDiaPitch / 7;
+    int32_t lStep = lDiaPitch % 7;
+    if (lStep < 0)
+    {
+        lStep += 7;
+        --lOctave;
+    }
     int64_t lMidi = lOctave * 12 + aWhiteKeyMidi[lStep];
     if (lAcc == 0)
     {

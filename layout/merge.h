@@ -11,6 +11,7 @@ namespace zarn
 /// Where the merge stands, by staff; index 0 is never placed.
 struct Merge
 {
+    int32_t lHighest = lHighestStaff;       ///< no staff above it is placed
     Element* apelDone[lStaffLists] = {};    ///< the last element aligned; the first one of the staff at the start
     Element* apelNext[lStaffLists] = {};    ///< the next anchor; null when the staff is finished or hidden
     bool abLineFresh[lStaffLists] = {};     ///< this bar began on a line's start, so it may not spill

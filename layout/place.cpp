@@ -40,6 +40,7 @@ static Element* OpenStaff(int32_t lStaff)
 void Place()
 {
     Merge merge;
+    merge.lHighest = 0;
     for (int32_t lStaff = 1; lStaff <= lHighestStaff; ++lStaff)
     {
         if (!IsVisible(lStaff))
@@ -47,6 +48,7 @@ void Place()
         Element* const pelFirst = OpenStaff(lStaff);
         if (!pelFirst)
             continue;
+        merge.lHighest = lStaff;
         merge.apelDone[lStaff] = pelFirst;
         merge.apelNext[lStaff] = NextAnchor(pelFirst);
         TempPlace(pelFirst, merge.apelNext[lStaff]);
@@ -67,7 +69,7 @@ static bool GoesBefore(Element const* pel, Element const* pelCandidate)
 int32_t MasterElement(Merge const& merge)
 {
     int32_t lMaster = 0;
-    for (int32_t lStaff = 1; lStaff <= lHighestStaff; ++lStaff)
+    for (int32_t lStaff = 1; lStaff <= merge.lHighest; ++lStaff)
         if (Element const* const pel = merge.apelNext[lStaff])
             if (lMaster == 0 || GoesBefore(pel, merge.apelNext[lMaster]))
                 lMaster = lStaff;
@@ -123,7 +125,7 @@ void PlaceOthers(Merge& merge, int32_t lMaster)
         return;
     }
     int32_t const lTime = pelMaster->lTime;
-    for (int32_t lStaff = 1; lStaff <= lHighestStaff; ++lStaff)
+    for (int32_t lStaff = 1; lStaff <= merge.lHighest; ++lStaff)
     {
         Element* const pel = merge.apelNext[lStaff];
         if (!pel || pel->lTime != lTime)

@@ -45,7 +45,7 @@ static void SpillStaff(Merge& merge, int32_t lStaff, Element* pelBar, Element* p
 void SpillBar(Merge& merge, int32_t lMaster)
 {
     int32_t const lBarX = merge.apelLastBar[lMaster] ? merge.apelLastBar[lMaster]->lStrX : 0;
-    for (int32_t lStaff = 1; lStaff <= lHighestStaff; ++lStaff)
+    for (int32_t lStaff = 1; lStaff <= merge.lHighest; ++lStaff)
     {
         Element* const pelBar = merge.apelLastBar[lStaff];
         Element* const pel = Next(pelBar);

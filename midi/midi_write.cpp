@@ -22,7 +22,6 @@ constexpr int32_t lLongestCrotchet = 0xFFFFFF; ///< microseconds: what the three
 constexpr int32_t lUsualTempo = 120;           ///< beats a minute, of a score that has no tempo
 constexpr int32_t lProgramChange = 0xC0;
 constexpr int32_t lNoteOn = 0x90;
-constexpr int32_t cbTrackLength = 4;
 
 /// What the staffs say first.
 struct StaffHeads
