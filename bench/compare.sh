@@ -5,7 +5,7 @@
 #   RUNS=20 bench/compare.sh             how many runs of each; the median is shown
 #
 # What isn't there is left out with a line that says so. On Debian: abcm2ps, abcmidi, fluidsynth, ghostscript (ps2pdf),
-# hyperfine, xvfb, pkg-config, qt6-base-dev and libxcb1-dev.
+# xvfb, pkg-config, qt6-base-dev and libxcb1-dev.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 build=$(cd "${1:-build/release}" && pwd)
@@ -28,25 +28,38 @@ show() { printf '%-52s %10s ms\n' "$1" "$2"; }
 # The middle one of the numbers on standard input.
 median() { sort -n | awk '{ a[NR] = $1 } END { if (NR % 2) print a[(NR + 1) / 2]; else printf "%.1f\n", (a[NR / 2] + a[NR / 2 + 1]) / 2 }'; }
 
-# row NAME COMMAND: the median time of a shell command in milliseconds; a command that fails is told, not timed.
-row() {
-    local name=$1 command=$2
-    if ! sh -c "$command" >/dev/null 2>failure; then
-        skip "$name" "it failed: $(head -n 1 failure)"
-        return
-    fi
-    if has hyperfine; then
-        hyperfine --shell=sh --warmup 1 --runs "$runs" --style none --export-json times.json "$command" >/dev/null 2>&1
-        show "$name" "$(awk -F'[:,]' '/"median"/ { printf "%.1f", $2 * 1000 }' times.json)"
-    else
-        for _ in $(seq "$runs"); do
-            local from to
-            from=$(date +%s%N)
-            sh -c "$command" >/dev/null 2>&1
-            to=$(date +%s%N)
-            echo $(((to - from) / 10000)) | awk '{ printf "%.1f\n", $1 / 100 }'
-        done | median | { read -r m && show "$name" "$m"; }
-    fi
+# add NAME PROGRAM COMMAND: a row for the next run; without the program it is left out.
+rows=()
+add() {
+    if has "$2"; then rows+=("$1" "$3"); else skip "$1" "$(basename "$2") isn't there"; fi
+}
+
+# The median time of each row's shell command in milliseconds. They run in turn, so that a machine that slows down for a
+# while does so for all of them; a command that fails is told, not timed.
+run() {
+    local -a names=() commands=()
+    local i from to
+    for ((i = 0; i < ${#rows[@]}; i += 2)); do
+        if (eval "${rows[i + 1]}") >/dev/null 2>failure; then
+            names+=("${rows[i]}")
+            commands+=("${rows[i + 1]}")
+        else
+            skip "${rows[i]}" "it failed: $(head -n 1 failure)"
+        fi
+    done
+    rows=()
+    rm -f times.*
+    for _ in $(seq "$runs"); do
+        for i in "${!commands[@]}"; do
+            from=${EPOCHREALTIME/[.,]/}
+            eval "${commands[i]}" >/dev/null 2>&1
+            to=${EPOCHREALTIME/[.,]/}
+            echo $((to - from)) >>"times.$i"
+        done
+    done
+    for i in "${!commands[@]}"; do
+        show "${names[i]}" "$(median <"times.$i" | awk '{ printf "%.1f", $1 / 1000 }')"
+    done
 }
 
 # paint NAME PROGRAM [WORD...]: the median time to the first painted window; one run more warms the caches.
@@ -64,51 +77,48 @@ paint() {
 }
 
 [ -x "$build/zarn_make_reels" ] || { echo "$build holds no zarn_make_reels: build it first" >&2; exit 1; }
-for notes in 10000 100000; do "$build/zarn_make_reels" "$notes" >"$notes.abc"; done
-have_zarn=1
-[ -x "$zarn" ] || have_zarn=
+for notes in 1000 10000 23000 100000; do "$build/zarn_make_reels" "$notes" >"$notes.abc"; done
 
 echo "machine: $(nproc) processors, $(awk -F': ' '/model name/ { print $2; exit }' /proc/cpuinfo); median of $runs runs"
 for notes in 10000 100000; do
-    if [ "$have_zarn" ]; then row "svg, $notes notes: zarn" "$zarn -q -o z.svg $notes.abc"; else skip "svg, $notes notes: zarn" "not built"; fi
-    if has abcm2ps; then row "svg, $notes notes: abcm2ps" "abcm2ps -q -X -O a.xhtml $notes.abc"; else skip "svg, $notes notes: abcm2ps" "abcm2ps isn't installed"; fi
+    add "svg, $notes notes: zarn" "$zarn" "$zarn -q -o z.svg $notes.abc"
+    add "svg, $notes notes: abcm2ps" abcm2ps "abcm2ps -q -X -O a.xhtml $notes.abc"
+    run
 done
 
-if [ "$have_zarn" ]; then row "midi, 10000 notes: zarn" "$zarn -q -o z.mid 10000.abc"; else skip "midi, 10000 notes: zarn" "not built"; fi
-if has abc2midi; then row "midi, 10000 notes: abc2midi" "abc2midi 10000.abc -o a.mid"; else skip "midi, 10000 notes: abc2midi" "abcmidi isn't installed"; fi
-if [ "$have_zarn" ]; then row "midi, 100000 notes: zarn" "$zarn -q -o z.mid 100000.abc"; else skip "midi, 100000 notes: zarn" "not built"; fi
+add "midi, 10000 notes: zarn" "$zarn" "$zarn -q -o z.mid 10000.abc"
+add "midi, 10000 notes: abc2midi" abc2midi "abc2midi 10000.abc -o a.mid"
+add "midi, 100000 notes: zarn" "$zarn" "$zarn -q -o z.mid 100000.abc"
+run
 
 # The same notes and the same font; the player reads the MIDI file that zarn wrote.
 font=/usr/share/sounds/sf2/TimGM6mb.sf2
-if [ "$have_zarn" ] && [ -e "$font" ]; then
-    "$build/zarn_make_reels" 1000 >1000.abc
+if has "$zarn" && [ -e "$font" ]; then
     "$zarn" -q -o 1000.mid 1000.abc
-    export ZARN_SOUND_FONT=$font
-    row "wav, 1000 notes: zarn" "$zarn -q -o z.wav 1000.abc"
-    if has fluidsynth; then
-        row "wav, 1000 notes: fluidsynth" "fluidsynth -niq -T wav -F f.wav $font 1000.mid"
-    else
-        skip "wav, 1000 notes: fluidsynth" "fluidsynth isn't installed"
-    fi
+    add "wav, 1000 notes: zarn" "$zarn" "ZARN_SOUND_FONT=$font $zarn -q -o z.wav 1000.abc"
+    add "wav, 1000 notes: fluidsynth" fluidsynth "fluidsynth -niq -T wav -F f.wav $font 1000.mid"
+    run
 else
-    skip "wav, 1000 notes: zarn" "not built, or timgm6mb-soundfont isn't installed"
+    skip "wav, 1000 notes" "zarn or timgm6mb-soundfont isn't there"
 fi
 
-if [ "$have_zarn" ]; then row "pdf, 10000 notes: zarn" "$zarn -q -o z.pdf 10000.abc"; else skip "pdf, 10000 notes: zarn" "not built"; fi
-"$build/zarn_make_reels" 23000 >pages.abc
-if [ "$have_zarn" ]; then row "pdf, 100 pages: zarn" "$zarn -q -o z.pdf pages.abc"; else skip "pdf, 100 pages: zarn" "not built"; fi
-if has abcm2ps && has ps2pdf; then
-    row "pdf, 10000 notes: abcm2ps and ps2pdf" "abcm2ps -q -O a.ps 10000.abc && ps2pdf a.ps a.pdf"
+add "pdf, 10000 notes: zarn" "$zarn" "$zarn -q -o z.pdf 10000.abc"
+if has ps2pdf; then
+    add "pdf, 10000 notes: abcm2ps and ps2pdf" abcm2ps "abcm2ps -q -O a.ps 10000.abc && ps2pdf a.ps a.pdf"
 else
-    skip "pdf, 10000 notes: abcm2ps and ps2pdf" "abcm2ps or ghostscript isn't installed"
+    skip "pdf, 10000 notes: abcm2ps and ps2pdf" "ps2pdf isn't there"
 fi
+add "pdf, 100 pages: zarn" "$zarn" "$zarn -q -o z.pdf 23000.abc"
+run
 
-if [ "$have_zarn" ] && "$zarn" -q -o 100000.zrn 100000.abc && "$zarn" -q -o 10000.zrn 10000.abc; then
-    row "opening a score of 100000 notes: zarn --check" "$zarn --check 100000.zrn"
-else
-    skip "opening a score of 100000 notes: zarn --check" "not built, or no score could be written"
+if has "$zarn" && "$zarn" -q -o 100000.zrn 100000.abc && "$zarn" -q -o 10000.zrn 10000.abc; then
+    for ending in zrn abc mid; do
+        add "a score of 10000 notes to .$ending: zarn" "$zarn" "$zarn -q -o s.$ending 10000.zrn"
+    done
+    add "opening a score of 100000 notes: zarn --check" "$zarn" "$zarn --check 100000.zrn"
 fi
-if [ "$have_zarn" ]; then row "start and end: zarn --version" "$zarn --version"; else skip "start and end: zarn --version" "not built"; fi
+add "start and end: zarn --version" "$zarn" "$zarn --version"
+run
 
 if ! has Xvfb || [ ! -x "$build/zarn_first_paint" ]; then
     skip "first painted window" "Xvfb or zarn_first_paint isn't there"
@@ -143,7 +153,7 @@ if has pkg-config && pkg-config --exists Qt6Widgets; then
 else
     skip "first painted window: an empty Qt window" "qt6-base-dev isn't installed"
 fi
-if [ "$have_zarn" ]; then
+if has "$zarn"; then
     paint "first window with music: zarn, a tune" --ink "$zarn" "$samples/cooley.abc"
     if [ -e 10000.zrn ]; then paint "first window with music: zarn, 10000 notes" --ink "$zarn" 10000.zrn; fi
 else

@@ -44,6 +44,11 @@ Block* pCurrentBlock = nullptr;
 
 constexpr int32_t RoundUp(int32_t n, int32_t lTo) { return (n + lTo - 1) / lTo * lTo; }
 
+constexpr int32_t RealBytes(int32_t cb)
+{
+    return cb >= cbElementFixed ? std::max(cb, cbPlainElement) + cbElementGrowth + 1 : cb;
+}
+
 Link* HeaderOf(void const* pCursor) { return const_cast<Link*>(List_LinkOf(pCursor)); }
 
 void* PayloadOf(Link* p) { return p + 1; }
@@ -99,7 +104,7 @@ void Release(Link* p)
     Block* const pBlock = BlockOf(p);
     p->lInBlock = lPoison;
     if (!p->fIsAnchor)
-        Memory_Forbid(PayloadOf(p), static_cast<size_t>(RoundUp(List_RealBytes(p->cbSize), 8)));
+        Memory_Forbid(PayloadOf(p), static_cast<size_t>(RoundUp(RealBytes(p->cbSize), 8)));
     if (--pBlock->cLive >= 1)
         return;
     if (pBlock->cLive < 0)
@@ -123,7 +128,7 @@ void CopyIn(Link* pItem, void const* pSource, int32_t cb)
     size_t const cbCopied = static_cast<size_t>(cb >= cbElementFixed ? cb + cbElementGrowth : cb);
     auto* const pPayload = static_cast<std::byte*>(PayloadOf(pItem));
     std::memcpy(pPayload, pSource, cbCopied);
-    std::memset(pPayload + cbCopied, 0, static_cast<size_t>(List_RealBytes(cb)) - cbCopied);
+    std::memset(pPayload + cbCopied, 0, static_cast<size_t>(RealBytes(cb)) - cbCopied);
 }
 } // namespace
 
@@ -133,7 +138,7 @@ namespace
 {
 Link* NewBetween(ListAnchor* list, Link* pPrev, Link* pNext, int32_t cb)
 {
-    int32_t const cbReal = List_RealBytes(cb);
+    int32_t const cbReal = RealBytes(cb);
     void* const pPiece =
         cb > cbListLargestRecord ? nullptr : Carve(cbListItemHeader + cb, static_cast<int32_t>(sizeof(Link)) + cbReal);
     if (!pPiece)
@@ -171,7 +176,7 @@ void* Blank(Link* pItem)
     if (!pItem)
         return nullptr;
     void* const pPayload = PayloadOf(pItem);
-    std::memset(pPayload, 0, static_cast<size_t>(List_RealBytes(pItem->cbSize)));
+    std::memset(pPayload, 0, static_cast<size_t>(RealBytes(pItem->cbSize)));
     return pPayload;
 }
 
@@ -202,10 +207,7 @@ bool BeginSplit(List listA, List listB, void const* pCursor)
 }
 } // namespace
 
-int32_t List_RealBytes(int32_t cb)
-{
-    return cb >= cbElementFixed ? std::max(cb, cbPlainElement) + cbElementGrowth + 1 : cb;
-}
+int32_t List_RealBytes(int32_t cb) { return RealBytes(cb); }
 
 List List_Create()
 {

@@ -11,11 +11,14 @@
 #include <algorithm>
 #include <initializer_list>
 #include <iterator>
+#include <vector>
 
 namespace zarn
 {
 namespace
 {
+using MidiTrackBytes = std::vector<uint8_t>; ///< what stands behind the length of a track
+
 constexpr int32_t lTicksPerCrotchet = 48;
 constexpr int32_t lMicrosecondsAMinute = 60'000'000;
 constexpr int32_t lLongestCrotchet = 0xFFFFFF; ///< microseconds: what the three bytes of a tempo hold
@@ -103,34 +106,67 @@ MidiTrackBytes ConductorTrack(StaffHeads const& heads)
     return bytes;
 }
 
+/// Bytes that are put one at a time: they go to the track in pieces.
+class EventBytes
+{
+public:
+    explicit EventBytes(MidiTrackBytes& track) : track(track) {}
+
+    /// Makes room for one event.
+    void Begin()
+    {
+        if (static_cast<size_t>(std::end(aPiece) - pNext) < cbLongestEvent)
+            End();
+    }
+    void Put(int32_t lByte) { *pNext++ = static_cast<uint8_t>(lByte); }
+    void PutVarLen(int32_t lValue) { pNext += WriteVarLen(pNext, lValue); }
+    void End()
+    {
+        track.insert(track.end(), aPiece, pNext);
+        pNext = aPiece;
+    }
+
+private:
+    static constexpr size_t cbLongestEvent = cbLongestVarLen + 3;
+    static constexpr size_t cbPiece = 4096;
+    MidiTrackBytes& track;
+    uint8_t aPiece[cbPiece];
+    uint8_t* pNext = aPiece;
+};
+
 MidiTrackBytes StaffTrack(PlayRecords const& records)
 {
     constexpr size_t cbUsualEvent = 3;
-    MidiTrackBytes bytes;
-    bytes.reserve(records.size() * (cbUsualEvent + 1));
+    MidiTrackBytes track;
+    track.reserve(records.size() * (cbUsualEvent + 1));
+    EventBytes bytes(track);
     int32_t lPrev = 0;
     bool fRunning = false; // a status byte for notes is in force
     for (PlayRecord const& record : records)
     {
+        bytes.Begin();
         if (record.lProgram != -1)
         {
             // A program change comes as early as it can: with the event before it.
-            Append(bytes, {0, lProgramChange + record.lChannel, record.lProgram});
+            bytes.Put(0);
+            bytes.Put(lProgramChange + record.lChannel);
+            bytes.Put(record.lProgram);
             fRunning = false;
         }
         else if (record.lTempo == -1 && record.lNote != -1)
         {
-            WriteVarLen(bytes, record.lTime - lPrev);
+            bytes.PutVarLen(record.lTime - lPrev);
             lPrev = std::max(lPrev, record.lTime);
             if (!fRunning)
-                bytes.push_back(static_cast<uint8_t>(lNoteOn + record.lChannel));
-            bytes.push_back(static_cast<uint8_t>(record.lNote));
-            bytes.push_back(static_cast<uint8_t>(record.lVolume));
+                bytes.Put(lNoteOn + record.lChannel);
+            bytes.Put(record.lNote);
+            bytes.Put(record.lVolume);
             fRunning = true;
         }
     }
-    AppendEndOfTrack(bytes);
-    return bytes;
+    bytes.End();
+    AppendEndOfTrack(track);
+    return track;
 }
 
 bool WriteWhole(HFILE hFile, MidiTrackBytes const& bytes)
@@ -180,23 +216,16 @@ bool SaveMidiFile(HFILE hFile, bool fBarnDance, int32_t lSwing, bool fDetach)
     return true;
 }
 
-int32_t WriteVarLen(MidiTrackBytes& bytes, int32_t lValue)
+int32_t WriteVarLen(uint8_t* pBytes, int32_t lValue)
 {
-    constexpr int32_t cbMost = 5; // of 32 bits, 7 to a byte
     constexpr int32_t cbUnremarked = 3;
-    if (lValue <= 0x7F) // as nearly all are
-    {
-        bytes.push_back(static_cast<uint8_t>(std::max(lValue, 0)));
-        return 1;
-    }
-    uint8_t aBytes[cbMost];
-    uint8_t* pFirst = std::end(aBytes);
-    auto l = static_cast<uint32_t>(lValue);
-    *--pFirst = l & 0x7F;
-    while ((l >>= 7) != 0)
-        *--pFirst = static_cast<uint8_t>(0x80 | (l & 0x7F));
-    auto const cb = static_cast<int32_t>(std::end(aBytes) - pFirst);
-    bytes.insert(bytes.end(), pFirst, std::end(aBytes));
+    auto const l = static_cast<uint32_t>(std::max(lValue, 0));
+    int32_t cb = 1;
+    while (cb < cbLongestVarLen && l >> 7 * cb != 0)
+        ++cb;
+    for (int32_t n = cb - 1; n > 0; --n)
+        *pBytes++ = static_cast<uint8_t>(0x80 | (l >> 7 * n & 0x7F));
+    *pBytes = static_cast<uint8_t>(l & 0x7F);
     if (cb > cbUnremarked)
         Serious("Length of timedelta > 3 bytes");
     return cb;

@@ -7,7 +7,6 @@
 #include "platform/files.h"
 
 #include <cstdint>
-#include <vector>
 
 namespace zarn
 {
@@ -18,10 +17,10 @@ namespace zarn
 /// @return        false when a write failed
 [[nodiscard]] bool SaveMidiFile(HFILE hFile, bool fBarnDance, int32_t lSwing, bool fDetach);
 
-/// What stands behind the length of a track.
-using MidiTrackBytes = std::vector<uint8_t>;
+constexpr int32_t cbLongestVarLen = 5; ///< bytes, of 7 bits each
 
-/// Appends a variable-length quantity, 7 bits a byte, the highest first; a negative value counts as 0. A quantity that
-/// needs more than 3 bytes is appended, and the user is told. Gives the number of bytes.
-int32_t WriteVarLen(MidiTrackBytes& bytes, int32_t lValue);
+/// Writes a variable-length quantity at pBytes, where there is room for the longest: 7 bits a byte, the highest first;
+/// a negative value counts as 0. A quantity that needs more than 3 bytes is written, and the user is told. Gives the
+/// number of bytes.
+int32_t WriteVarLen(uint8_t* pBytes, int32_t lValue);
 } // namespace zarn

@@ -10,12 +10,8 @@
 #include <cstdlib>
 #include <new>
 
-#if defined(__SANITIZE_ADDRESS__)
+#ifdef ZARN_ADDRESS_SANITIZER
 #include <sanitizer/asan_interface.h>
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#include <sanitizer/asan_interface.h>
-#endif
 #endif
 
 namespace zarn
@@ -34,7 +30,7 @@ static bool CountDown(int32_t& lLeft)
     return false;
 }
 
-#if defined(ASAN_POISON_MEMORY_REGION)
+#ifdef ZARN_ADDRESS_SANITIZER
 static void* TakeBlock(size_t cb) { return std::malloc(cb); }
 static void GiveBlock(void* p) { std::free(p); }
 #else
@@ -117,11 +113,8 @@ void OutputDebugStringA(std::string_view sText) { sLastDebugString = sText; }
 
 void DebugBreak() { OutputDebugStringA("DebugBreak\n"); }
 
-#if defined(ASAN_POISON_MEMORY_REGION)
+#ifdef ZARN_ADDRESS_SANITIZER
 void Memory_Forbid(void const* pBytes, size_t cb) { ASAN_POISON_MEMORY_REGION(pBytes, cb); }
 void Memory_Allow(void const* pBytes, size_t cb) { ASAN_UNPOISON_MEMORY_REGION(pBytes, cb); }
-#else
-void Memory_Forbid(void const*, size_t) {}
-void Memory_Allow(void const*, size_t) {}
 #endif
 } // namespace zarn

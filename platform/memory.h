@@ -8,6 +8,14 @@
 #include <string>
 #include <string_view>
 
+#if defined(__SANITIZE_ADDRESS__)
+#define ZARN_ADDRESS_SANITIZER
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define ZARN_ADDRESS_SANITIZER
+#endif
+#endif
+
 namespace zarn
 {
 using HGLOBAL = void*;
@@ -36,6 +44,11 @@ inline int32_t lGlobalLocksLeft = -1;
 inline int32_t cGlobalBlocks = 0;
 
 /// Marks bytes as out of bounds, or as good again, where the address sanitizer watches; does nothing elsewhere.
+#ifdef ZARN_ADDRESS_SANITIZER
 void Memory_Forbid(void const* pBytes, size_t cb);
 void Memory_Allow(void const* pBytes, size_t cb);
+#else
+inline void Memory_Forbid(void const*, size_t) {}
+inline void Memory_Allow(void const*, size_t) {}
+#endif
 } // namespace zarn
