@@ -28,7 +28,8 @@ void HeadlessProcess::BeginConversion(int32_t lWidth, int32_t lHeight)
 
 HeadlessProcess::~HeadlessProcess()
 {
-    ShutDown();
+    // Freeing a long Score symbol by symbol would take a tenth of the time in which it becomes a file.
+    LeaveProgram();
     host = Host{};
 }
 } // namespace zarn

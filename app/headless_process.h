@@ -1,4 +1,5 @@
-/// The process of a conversion: the host without a window, what it shows told in the terminal, an empty Score.
+/// The process of a conversion: the host without a window, what it shows told in the terminal, an empty Score. One in a
+/// process: what the Score holds stays until that ends.
 #pragma once
 #include "platform/headless/script_host.h"
 #include "platform/headless/virtual_sound.h"
@@ -11,7 +12,7 @@ class HeadlessProcess
 public:
     /// Settings are the built-in ones, so that a score comes out the same on every machine.
     HeadlessProcess();
-    ~HeadlessProcess(); ///< Frees the Score as well.
+    ~HeadlessProcess();
     HeadlessProcess(HeadlessProcess const&) = delete;
     HeadlessProcess& operator=(HeadlessProcess const&) = delete;
 

@@ -148,13 +148,18 @@ bool StartUp(std::string_view szCommandLine)
     return true;
 }
 
-void ShutDown()
+void LeaveProgram()
 {
     RecordCommand_LeaveProgram();
     Session_End();
+    ShutDownMidi();
+}
+
+void ShutDown()
+{
+    LeaveProgram();
     if (aStaffList[0]) // leaving through the window has freed them already
         Score_DestroyLists();
-    ShutDownMidi();
     hwndMain = nullptr;
     Panels_Forget();
     Font_Free();

@@ -16,6 +16,9 @@ void Page_StartUp(int32_t lWidth, int32_t lHeight);
 /// to begin. False when there can be no window.
 [[nodiscard]] bool StartUp(std::string_view szCommandLine);
 
-/// Behind the message loop, or at the end of a conversion: frees what is left.
+/// Ends what reaches beyond the process: the session's safety copy, a take, the MIDI devices. What memory it holds goes
+/// back with the process.
+void LeaveProgram();
+/// Behind the message loop: leaves, and frees what is left, so that another StartUp may follow.
 void ShutDown();
 } // namespace zarn
