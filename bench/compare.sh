@@ -88,6 +88,7 @@ done
 
 add "midi, 10000 notes: zarn" "$zarn" "$zarn -q -o z.mid 10000.abc"
 add "midi, 10000 notes: abc2midi" abc2midi "abc2midi 10000.abc -o a.mid"
+run
 add "midi, 100000 notes: zarn" "$zarn" "$zarn -q -o z.mid 100000.abc"
 run
 

@@ -9,7 +9,7 @@ namespace zarn
 {
 using Place = PlayRecords::iterator;
 
-static bool EarlierTime(PlayRecord const& a, PlayRecord const& b) { return a.lTime < b.lTime; }
+static constexpr auto EarlierTime = [](PlayRecord const& a, PlayRecord const& b) { return a.lTime < b.lTime; };
 
 static Place At(PlayRecords& records, size_t l) { return records.begin() + static_cast<std::ptrdiff_t>(l); }
 
