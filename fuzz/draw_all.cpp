@@ -30,7 +30,7 @@ public:
     bool EndPage(HDC) override { return ++cPages < cMostPages; }
 
 private:
-    static constexpr int32_t cMostPages = 4; ///< what more pages would show isn't worth the inputs that go untried
+    static constexpr int32_t cMostPages = 50; ///< a thousand pages show nothing that fifty don't
 
     int32_t cPages = 0;
     NullSurface surface{{2480, 3508}};
