@@ -28,7 +28,7 @@ void HeadlessProcess::BeginConversion(int32_t lWidth, int32_t lHeight)
 
 HeadlessProcess::~HeadlessProcess()
 {
-    // Freeing a long Score symbol by symbol would take a tenth of the time in which it becomes a file.
+    // A long Score isn't freed symbol by symbol: that would be time for nothing.
     LeaveProgram();
     host = Host{};
 }

@@ -52,7 +52,7 @@ run() {
     for _ in $(seq "$runs"); do
         for i in "${!commands[@]}"; do
             from=${EPOCHREALTIME/[.,]/}
-            eval "${commands[i]}" >/dev/null 2>&1
+            eval "${commands[i]}" >/dev/null 2>&1 || true
             to=${EPOCHREALTIME/[.,]/}
             echo $((to - from)) >>"times.$i"
         done

@@ -37,6 +37,7 @@ struct Block
     int32_t lPad;
     alignas(8) std::byte aArea[cbRealArea];
 };
+static_assert(sizeof(Block) <= cbGlobalMost);
 
 constexpr int32_t cbElementGrowth = static_cast<int32_t>(sizeof(Element)) - cbPlainElement;
 constexpr uint32_t lPoison = 0xDEADBEEF;

@@ -26,7 +26,8 @@ static void MoveBack(Place itFirst, Place it)
 
 void SortPlayRun(PlayRecords& records, size_t lFirst)
 {
-    // One staff's records come nearly in order: nothing but the end of a chord's note is put ahead of what came since.
+    // One staff's records come nearly in order: the notes of a chord begin together, each ahead of the ends of those
+    // before it.
     Place const itFirst = At(records, lFirst);
     for (Place it = itFirst; it != records.end(); ++it)
         if (it != itFirst && EarlierTime(*it, it[-1]))

@@ -7,6 +7,7 @@
 
 #include "platform/large_pages.h"
 
+#include <cstddef>
 #include <cstdlib>
 #include <new>
 
@@ -37,6 +38,8 @@ static void GiveBlock(void* p) { std::free(p); }
 namespace
 {
 constexpr size_t cbFirstPiece = size_t{256} << 10; ///< enough for most tunes, which need no large page
+
+static_assert(cbFirstPiece % cbGlobalMost == 0 && cbLargePage % cbGlobalMost == 0, "a piece is cut without a rest");
 
 class Slots
 {
